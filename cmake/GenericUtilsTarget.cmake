@@ -1,0 +1,27 @@
+# What every target of this project is compiled with.
+
+# Names the sources as seen from the project's root, wherever it is checked out, so that trace and
+# error headers, debug information and so the whole build do not depend on the folder.
+set(GENERIC_UTILS_PREFIX_MAP "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
+
+function(generic_utils_sanitize target)
+  if(NOT GENERIC_UTILS_SANITIZE)
+    return()
+  endif()
+  list(JOIN GENERIC_UTILS_SANITIZE "," sanitizers)
+  target_compile_options(${target} PRIVATE
+    -fsanitize=${sanitizers} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(${target} PRIVATE -fsanitize=${sanitizers})
+endfunction()
+
+# Applies the project's settings to a target: language level, warnings, hidden symbols, sanitizers.
+function(generic_utils_configure target)
+  target_compile_features(${target} PRIVATE cxx_std_20)
+  target_compile_options(${target} PRIVATE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion "${GENERIC_UTILS_PREFIX_MAP}")
+  set_target_properties(${target} PROPERTIES
+    CXX_EXTENSIONS OFF
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+  generic_utils_sanitize(${target})
+endfunction()
