@@ -72,8 +72,8 @@ LIBOS_API int osTaskGetPriority(osTaskHandle_t task);
 LIBOS_API int osTaskSleep(osTaskHandle_t task, unsigned long milliseconds);
 
 /// Sets a task's scheduling policy, with the priority that it has.
-/// @param task null for the calling thread
-/// @return non-zero on success; 0, with osGetLastError() set, when the process may not
+/// @return non-zero on success; 0, with osGetLastError() set, when the process may not, the thread has
+///         ended, or for null
 LIBOS_API int osSetSchedPolicy(osTaskHandle_t task, osSchedPolicy_t policy);
 
 #ifdef __cplusplus

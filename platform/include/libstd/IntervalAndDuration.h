@@ -3,12 +3,15 @@
 
 #include <stdint.h>
 
+#include <atomic>
+
 namespace generic::timing
 {
 
 /// Measures one interval at a time: begin(), end(), and the duration between them.
 ///
-/// Not synchronised: the owner serialises its use.
+/// Free of data races, but it keeps only one interval: when a second thread begins before the first ends,
+/// the duration counts from the later beginning.
 class __attribute__((visibility("default"))) IntervalAndDuration
 {
   public:
@@ -22,11 +25,11 @@ class __attribute__((visibility("default"))) IntervalAndDuration
     void output() const;
 
     /// Length of the latest finished interval in nanoseconds; 0 before the first.
-    int64_t getDurationNs() const { return m_durationNs; }
+    int64_t getDurationNs() const { return m_durationNs.load(std::memory_order_relaxed); }
 
   private:
-    int64_t m_beginNs = 0;
-    int64_t m_durationNs = 0;
+    std::atomic<int64_t> m_beginNs{0};
+    std::atomic<int64_t> m_durationNs{0};
 };
 
 }  // namespace generic::timing

@@ -19,7 +19,7 @@ namespace std
 /// @param text not null
 /// @param fallback the result when the text cannot be converted
 template <typename T>
-T strToValue(const char* text, const T& fallback = T());
+__attribute__((visibility("default"))) T strToValue(const char* text, const T& fallback = T());
 
 extern template bool strToValue<bool>(const char*, const bool&);
 extern template float strToValue<float>(const char*, const float&);
