@@ -1,0 +1,113 @@
+#include <utils/flag/InitialValues.h>
+
+#include <fstream>
+#include <locale>
+#include <memory>
+
+#include <libdir/DirectoryPaths.h>
+
+#include "flag/src/FlagConstruction.h"
+#include "internal/Report.h"
+
+namespace utils::singleton
+{
+template class SingletonT<flag::InitialValues>;
+}
+
+namespace utils::flag
+{
+
+namespace
+{
+
+// The line that the report of an unreadable file has always named.
+constexpr int READ_ERROR_LINE = 183;
+
+std::string filePath()
+{
+    const std::unique_ptr<const libdir::DirectoryPaths> paths(
+        libdir::DirectoryPathsFactory::create());
+    return paths->getGenericConfigurationDirectory() + "/generic_flags.txt";
+}
+
+void trim(std::string& line)
+{
+    const std::locale global;
+    const auto isSpace = [&global](char character) { return std::isspace(character, global); };
+    while (!line.empty() && isSpace(line.back()))
+    {
+        line.pop_back();
+    }
+    std::size_t begin = 0;
+    while (begin < line.size() && isSpace(line[begin]))
+    {
+        ++begin;
+    }
+    line.erase(0, begin);
+}
+
+// The next line that is neither blank nor a comment, trimmed; when the file ends or fails, what is
+// left.
+std::string readSignificantLine(std::istream& file)
+{
+    std::string line;
+    while (std::getline(file, line))
+    {
+        trim(line);
+        if (!line.empty() && line.front() != '#')
+        {
+            return line;
+        }
+        line.clear();
+    }
+    return line;
+}
+
+}  // namespace
+
+InitialValues::InitialValues()
+{
+    const FlagConstruction construction;
+    redoInitialValuesCollection();
+}
+
+InitialValues::~InitialValues() = default;
+
+void InitialValues::redoInitialValuesCollection()
+{
+    const std::string path = filePath();
+    std::ifstream file(path);
+    readPairs(file);
+    if (!file.eof())
+    {
+        error::report({__FILE__, READ_ERROR_LINE, __func__}, "Read Error", error::Error::ERROR,
+                      "Could not read initial flag values from file '", path,
+                      "' - stream read error.");
+    }
+}
+
+void InitialValues::readPairs(std::istream& file)
+{
+    while (file)
+    {
+        const std::string name = readSignificantLine(file);
+        std::string value = readSignificantLine(file);
+        if (!name.empty())
+        {
+            m_values[name] = std::move(value);
+        }
+    }
+}
+
+bool InitialValues::getInitialValue(const std::string& name, std::string& value) const
+{
+    const auto found = m_values.find(name);
+    if (found == m_values.end())
+    {
+        return false;
+    }
+    value = found->second;
+    return true;
+}
+
+}  // namespace utils::flag

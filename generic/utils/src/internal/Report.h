@@ -1,0 +1,40 @@
+#ifndef UTILS_INTERNAL_REPORT_H
+#define UTILS_INTERNAL_REPORT_H
+
+#include <string>
+
+#include <utils/SourceLocation.h>
+#include <utils/error/Error.h>
+
+#include "internal/SourceFile.h"
+
+namespace utils::error
+{
+
+/// Builds an error and hands it to the error strategies.
+///
+///     error::report(GENERIC_UTILS_HERE, Error::NULL_PTR, Error::ERROR, "Null pointer (", what,
+///     ").");
+///
+/// @return the error as delivered
+template <typename... Words>
+Error report(const SourceLocation& where, const std::string& name, Error::Severity severity,
+             const Words&... words)
+{
+    Error error(sourceFile(where.file).c_str(), where.line, where.function, name, severity);
+    (error.getStream() << ... << words);
+    strategy::StrategyT<Error>::invokeStrategies(Error::STRATEGY_TYPE, error);
+    return error;
+}
+
+/// As report(), for misuse: ends the process when the strategies have run.
+template <typename... Words>
+[[noreturn]] void reportFatal(const SourceLocation& where, const std::string& name,
+                              Error::Severity severity, const Words&... words)
+{
+    report(where, name, severity, words...).throwError();
+}
+
+}  // namespace utils::error
+
+#endif

@@ -1,0 +1,38 @@
+#ifndef UTILS_INTERNAL_TEXTOUTPUT_H
+#define UTILS_INTERNAL_TEXTOUTPUT_H
+
+#include <ostream>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+namespace utils
+{
+
+/// Writes a text as it is: width, fill and the like of the target stream neither apply nor change,
+/// and an empty text does not harm the stream.
+inline void writeText(std::ostream& os, std::string_view text)
+{
+    os.write(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
+/// The words one after the other, in a stream's default format.
+template <typename... Words>
+std::string toText(const Words&... words)
+{
+    std::ostringstream text;
+    (text << ... << words);
+    return std::move(text).str();
+}
+
+/// Writes the words in a stream's default format, ends the line and flushes.
+template <typename... Words>
+void writeLine(std::ostream& os, const Words&... words)
+{
+    writeText(os, toText(words..., '\n'));
+    os.flush();
+}
+
+}  // namespace utils
+
+#endif

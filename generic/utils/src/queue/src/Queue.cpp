@@ -1,0 +1,320 @@
+#include <utils/queue/Queue.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <ostream>
+
+#include <utils/flag/Trace.h>
+#include <utils/queue/Flags.h>
+#include <utils/singleton/NeverDestroyed.h>
+
+#include "internal/NamedRegistry.h"
+#include "internal/Report.h"
+#include "internal/TextOutput.h"
+#include "queue/src/ForwardingTargets.h"
+
+namespace utils::singleton
+{
+template class SingletonT<std::map<std::string, queue::Queue*>>;
+}
+
+namespace utils::queue
+{
+
+using error::Error;
+
+// Never destroyed, like the error names of utils::error::Error.
+const std::string& Queue::WRITE_ERROR = *new std::string("QueueWriteError");
+
+namespace
+{
+
+NamedRegistry<Queue>& registry()
+{
+    static singleton::NeverDestroyed<NamedRegistry<Queue>> theRegistry("Queue", "queues");
+    return theRegistry.get();
+}
+
+Queue* findLeastUtilized(const std::vector<Queue*>& queues)
+{
+    if (queues.empty())
+    {
+        return nullptr;
+    }
+    Queue* best = queues.front();
+    for (Queue* const candidate : queues)
+    {
+        if (best->size() == 0)
+        {
+            return best;
+        }
+        if (candidate->size() < best->size())
+        {
+            best = candidate;
+        }
+    }
+    return best;
+}
+
+std::string toHex(Queue::QueueSelectionAlgorithm algorithm)
+{
+    std::ostringstream text;
+    text << std::hex << reinterpret_cast<std::uintptr_t>(algorithm);
+    return text.str();
+}
+
+}  // namespace
+
+Queue::Queue(const std::string& name, unsigned long maxMacros)
+    : m_name(name),
+      m_maxMacros(maxMacros),
+      m_osQueue(nullptr),
+      m_queueSelectionAlgorithm(&Queue::selectLeastUtilizedQueue),
+      m_targets(std::make_unique<ForwardingTargets>())
+{
+    registry().requireUnique(GENERIC_UTILS_HERE, m_name);
+    GENERIC_UTILS_TRACE_STEP(
+        1, "Creating queue '" << m_name << "' - max. macros = " << m_maxMacros << ".");
+    m_osQueue = osQueueCreate(static_cast<std::uint32_t>(m_maxMacros));
+    registry().add(GENERIC_UTILS_HERE, m_name, this);
+}
+
+Queue::~Queue()
+{
+    GENERIC_UTILS_TRACE_STEP(1, "Destroying queue '" << m_name << "'.");
+    cleanUp();
+}
+
+void Queue::cleanUp()
+{
+    command::Macro* macroPtr = nullptr;
+    while (read(macroPtr, 0))
+    {
+        if (macroPtr->isAutoDelete())
+        {
+            delete macroPtr;
+        }
+    }
+    osQueueDestroy(m_osQueue);
+    m_osQueue = nullptr;
+    registry().remove(m_name);
+}
+
+bool Queue::write(const command::Macro* macroPtr, int waitInMs)
+{
+    if (macroPtr == nullptr)
+    {
+        error::reportFatal(GENERIC_UTILS_HERE, Error::NULL_PTR, Error::ERROR,
+                           "Null pointer (macroPtr) passed to Queue::write for queue '", m_name,
+                           "'.");
+    }
+    GENERIC_UTILS_TRACE_STEP(
+        1, "Writing macro '" << macroPtr->getName() << "' to queue '" << m_name << "'.");
+
+    // Once the macro is in a queue it belongs to its reader: on success nothing of it is touched
+    // again, nor of this queue, which the reader may destroy.
+    const std::optional<Queue*> target = selectTarget(macroPtr);
+    if (!target)
+    {
+        if (store(macroPtr, waitInMs))
+        {
+            return true;
+        }
+    }
+    else if (*target == nullptr)
+    {
+        error::report(GENERIC_UTILS_HERE, Error::NULL_PTR, Error::ERROR,
+                      "No forwarding queue selected to write macro '", macroPtr->getName(),
+                      "' to queue '", m_name, "'.");
+        return false;
+    }
+    else
+    {
+        GENERIC_UTILS_TRACE_STEP(1, "Forwarding macro '"
+                                        << macroPtr->getName() << "' written to queue '" << m_name
+                                        << "' to queue '" << (*target)->getName() << "'.");
+        if ((*target)->write(macroPtr, waitInMs))
+        {
+            return true;
+        }
+    }
+
+    error::report(GENERIC_UTILS_HERE, WRITE_ERROR, Error::ERROR, "Could not write macro '",
+                  macroPtr->getName(), "' to queue '", m_name, "'.");
+    return false;
+}
+
+// Puts a macro into this queue itself; reports nothing.
+bool Queue::store(const command::Macro* macroPtr, int waitInMs)
+{
+    void* const item = const_cast<command::Macro*>(macroPtr);
+    return m_osQueue != nullptr && osQueueWrite(m_osQueue, item, waitInMs) != 0;
+}
+
+// The queue to forward to (null: none will do), or nothing when this queue does not forward.
+std::optional<Queue*> Queue::selectTarget(const command::Macro* macroPtr) const
+{
+    using List = ForwardingTargets::List;
+
+    if (m_targets->isEmpty())
+    {
+        return std::nullopt;
+    }
+    const QueueSelectionAlgorithm algorithm = m_queueSelectionAlgorithm;
+    if (algorithm == &Queue::selectLeastUtilizedQueue)
+    {
+        // The same without copying the list.
+        return m_targets->read(
+            [](const List* queues) -> std::optional<Queue*> {
+                return queues == nullptr ? std::nullopt : std::optional(findLeastUtilized(*queues));
+            });
+    }
+    List queues =
+        m_targets->read([](const List* list) { return list == nullptr ? List() : *list; });
+    if (queues.empty())
+    {
+        return std::nullopt;
+    }
+    return algorithm == nullptr ? nullptr : algorithm(macroPtr, std::move(queues));
+}
+
+bool Queue::read(command::Macro*& macroPtr, int waitInMs)
+{
+    GENERIC_UTILS_TRACE_STEP(1, "Reading macro from queue '" << m_name << "'.");
+    void* item = nullptr;
+    if (m_osQueue == nullptr || osQueueRead(m_osQueue, item, waitInMs) == 0)
+    {
+        return false;
+    }
+    macroPtr = static_cast<command::Macro*>(item);
+    GENERIC_UTILS_TRACE_STEP(
+        2, "Read macro '" << macroPtr->getName() << "' from queue '" << m_name << "'.");
+    return true;
+}
+
+void Queue::startForwardingTo(const Queue* queuePtr)
+{
+    if (queuePtr == nullptr)
+    {
+        error::reportFatal(GENERIC_UTILS_HERE, Error::NULL_PTR, Error::ERROR,
+                           "Null pointer (queuePtr) passed to Queue::startForwardingTo.");
+    }
+
+    unsigned long count = 0;
+    {
+        const lock::Lock guard(m_targets->getMutex());
+        std::vector<Queue*>& queues = m_queuesToForwardTo;
+        if (std::find(queues.begin(), queues.end(), queuePtr) == queues.end())
+        {
+            queues.push_back(const_cast<Queue*>(queuePtr));
+            m_targets->publish(queues);
+            count = queues.size();
+        }
+    }
+
+    if (count == 0)
+    {
+        error::report(GENERIC_UTILS_HERE, Error::ALREADY_EXISTS, Error::WARNING,
+                      "Already forwarding macros written to queue '", m_name, "' to queue '",
+                      queuePtr->getName(), "'.");
+        return;
+    }
+    GENERIC_UTILS_TRACE_STEP(1, "Forwarding macros written to queue '"
+                                    << m_name << "' to queue '" << queuePtr->getName()
+                                    << "'. Number of queues to forward to = " << count << ".");
+}
+
+void Queue::stopForwardingTo(const Queue* queuePtr)
+{
+    if (queuePtr == nullptr)
+    {
+        error::reportFatal(GENERIC_UTILS_HERE, Error::NULL_PTR, Error::ERROR,
+                           "Null pointer (queuePtr) passed to Queue::stopForwardingTo.");
+    }
+
+    bool isRemoved = false;
+    unsigned long count = 0;
+    {
+        const lock::Lock guard(m_targets->getMutex());
+        std::vector<Queue*>& queues = m_queuesToForwardTo;
+        const auto found = std::find(queues.begin(), queues.end(), queuePtr);
+        if (found != queues.end())
+        {
+            queues.erase(found);
+            m_targets->publish(queues);
+            isRemoved = true;
+            count = queues.size();
+        }
+    }
+
+    if (!isRemoved)
+    {
+        error::report(GENERIC_UTILS_HERE, Error::DOES_NOT_EXIST, Error::WARNING,
+                      "Not forwarding macros written to queue '", m_name, "' to queue '",
+                      queuePtr->getName(), "'.");
+        return;
+    }
+    GENERIC_UTILS_TRACE_STEP(
+        1, "Removed queue '" << queuePtr->getName()
+                             << "' from the list of queues to forward to for queue '" << m_name
+                             << "'. Number of queues to forward to = " << count << ".");
+}
+
+Queue* Queue::selectLeastUtilizedQueue(const command::Macro*, std::vector<Queue*> queues)
+{
+    return findLeastUtilized(queues);
+}
+
+void Queue::setQueueSelectionAlgorithm(const QueueSelectionAlgorithm& algorithm)
+{
+    m_queueSelectionAlgorithm = algorithm;
+}
+
+unsigned long Queue::getNumQueuesToForwardTo() const
+{
+    return copyQueuesToForwardTo().size();
+}
+
+std::vector<Queue*> Queue::copyQueuesToForwardTo() const
+{
+    const lock::Lock guard(m_targets->getMutex());
+    return m_queuesToForwardTo;
+}
+
+unsigned int Queue::size() const
+{
+    return m_osQueue == nullptr ? 0 : osQueueSize(m_osQueue);
+}
+
+void Queue::output(std::ostream& os) const
+{
+    writeLine(os, "Name                = '", m_name, "'");
+    writeLine(os, "Max. macros         = ", m_maxMacros);
+    writeLine(os, "Queue handle        = ", m_osQueue);
+    writeLine(os, "Queue selection alg.= 0x", toHex(m_queueSelectionAlgorithm));
+    os << std::dec;
+    writeLine(os, "Queues to forward to:");
+    for (const Queue* const queue : copyQueuesToForwardTo())
+    {
+        writeLine(os, "    ", queue->getName());
+    }
+}
+
+Queue* Queue::getQueuePtr(const std::string& name)
+{
+    return registry().findOrReport(GENERIC_UTILS_HERE, name);
+}
+
+std::ostream& Queue::outputQueues(std::ostream& os)
+{
+    registry().output(os);
+    return os;
+}
+
+std::ostream& operator<<(std::ostream& os, const Queue& queue)
+{
+    queue.output(os);
+    return os;
+}
+
+}  // namespace utils::queue

@@ -1,0 +1,123 @@
+#include <utils/strategy/Strategy.h>
+
+#include <ostream>
+
+#include "internal/TextOutput.h"
+
+namespace utils::singleton
+{
+template class SingletonT<std::map<std::string, strategy::Strategy::StrategyCollectionInfo*>>;
+}
+
+namespace utils::strategy
+{
+
+namespace
+{
+
+using CollectionInfo = Strategy::StrategyCollectionInfo;
+using Registry = std::map<std::string, CollectionInfo*>;
+
+Registry& registry()
+{
+    return *singleton::SingletonT<Registry>::getInstancePtr();
+}
+
+CollectionInfo& findOrCreate(const std::string& type)
+{
+    CollectionInfo*& info = registry()[type];
+    if (info == nullptr)
+    {
+        info = new CollectionInfo;
+    }
+    return *info;
+}
+
+void outputType(std::ostream& os, const std::string& type, const CollectionInfo& info)
+{
+    writeLine(os, "---------------- ", type, " ...");
+    writeLine(os, "Default strategy: ");
+    if (info.m_defaultStrategy != nullptr)
+    {
+        info.m_defaultStrategy->output(os);
+    }
+    else
+    {
+        writeLine(os, "None");
+    }
+    writeLine(os);
+    for (const Strategy* const strategy : info.m_strategies)
+    {
+        strategy->output(os);
+        writeLine(os);
+    }
+    writeLine(os, ".. end of ", type);
+}
+
+}  // namespace
+
+Strategy::Strategy(const std::string& type, const std::string& name, bool isDefault)
+    : m_type(type), m_name(name)
+{
+    CollectionInfo& info = findOrCreate(m_type);
+    if (isDefault)
+    {
+        info.m_defaultStrategy = this;
+    }
+    else
+    {
+        info.m_strategies.push_back(this);
+    }
+}
+
+Strategy::~Strategy()
+{
+    cleanUp();
+}
+
+void Strategy::cleanUp()
+{
+    const auto found = registry().find(m_type);
+    if (found == registry().end())
+    {
+        return;
+    }
+    CollectionInfo& info = *found->second;
+    if (info.m_defaultStrategy == this)
+    {
+        info.m_defaultStrategy = nullptr;
+        return;
+    }
+    info.m_strategies.remove(this);
+}
+
+void Strategy::output(std::ostream& os) const
+{
+    writeLine(os, "Type = '", m_type, "'");
+    writeLine(os, "Name = '", m_name, "'");
+}
+
+void Strategy::outputStrategyTypes(std::ostream& os)
+{
+    writeLine(os, "*** Current strategies are:");
+    for (const auto& [type, info] : registry())
+    {
+        outputType(os, type, *info);
+    }
+    writeLine(os, "... Done.");
+}
+
+const CollectionInfo* Strategy::findCollectionInfo(const std::string& type)
+{
+    const Registry& types = registry();
+    const auto found = types.find(type);
+    return found == types.end() ? nullptr : found->second;
+}
+
+std::ostream& operator<<(std::ostream& os, const Strategy& strategy)
+{
+    strategy.output(os);
+    return os;
+}
+
+}  // namespace utils::strategy
