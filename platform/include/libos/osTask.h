@@ -18,7 +18,7 @@ typedef struct osTaskOptions_t
     uint64_t stackSize;     ///< stack size in bytes; 0 = the system's default
     int32_t persist;        ///< flag; passed through
     int32_t joinable;       ///< flag; whether osTaskJoin() and osTaskDestroy() wait for the thread
-    void (*destroyHook)();  ///< passed through
+    void* destroyHook;      ///< passed through
     uintptr_t user1;        ///< passed through
     uintptr_t user2;        ///< passed through
     void* reserved;         ///< passed through; the library keeps the task object here

@@ -95,8 +95,11 @@ void Queue::cleanUp()
             delete macroPtr;
         }
     }
-    osQueueDestroy(m_osQueue);
-    m_osQueue = nullptr;
+    if (m_osQueue != nullptr)
+    {
+        osQueueDestroy(m_osQueue);
+        m_osQueue = nullptr;
+    }
     registry().remove(m_name);
 }
 
