@@ -13,15 +13,15 @@ extern "C" {
 /// How a thread is to be started, and how it was. 184 bytes where pointers have 64 bits.
 typedef struct osTaskOptions_t
 {
-    char name[128];         ///< thread name, NUL-terminated
-    int32_t priority;       ///< start priority; 0 = the system's normal one, greater is more urgent
-    uint64_t stackSize;     ///< stack size in bytes; 0 = the system's default
-    int32_t persist;        ///< flag; passed through
-    int32_t joinable;       ///< flag; whether osTaskJoin() and osTaskDestroy() wait for the thread
-    void* destroyHook;      ///< passed through
-    uintptr_t user1;        ///< passed through
-    uintptr_t user2;        ///< passed through
-    void* reserved;         ///< passed through; the library keeps the task object here
+    char name[128];      ///< thread name, NUL-terminated
+    int32_t priority;    ///< start priority; 0 = the system's normal one, greater is more urgent
+    uint64_t stackSize;  ///< stack size in bytes; 0 = the system's default
+    int32_t persist;     ///< flag; passed through
+    int32_t joinable;    ///< flag; whether osTaskJoin() and osTaskDestroy() wait for the thread
+    void* destroyHook;   ///< passed through
+    uintptr_t user1;     ///< passed through
+    uintptr_t user2;     ///< passed through
+    void* reserved;      ///< passed through; the library keeps the task object here
 } osTaskOptions_t;
 
 /// How the system schedules a thread.
@@ -40,7 +40,8 @@ typedef int (*osTaskEntry_t)(void* arg);
 ///        (a priority without the privilege, an impossible stack size) is left at the system's default.
 /// @return the thread's handle, to be given to osTaskDestroy() once; null when no thread could be started
 ///         or `entry` is null
-LIBOS_API osTaskHandle_t osTaskCreate(osTaskEntry_t entry, const osTaskOptions_t* options, void* arg);
+LIBOS_API osTaskHandle_t osTaskCreate(osTaskEntry_t entry, const osTaskOptions_t* options,
+                                      void* arg);
 
 /// Gives the handle back. Waits until the thread has ended, unless the calling thread is the task itself
 /// or the task is not joinable. A thread that goes on keeps what it needs of the handle. Null: does nothing.
