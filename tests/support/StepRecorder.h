@@ -18,6 +18,8 @@
 #include <utils/strategy/StrategyT.h>
 #include <utils/task/Flags.h>
 
+#include "support/ConfigDirectory.h"
+
 namespace test
 {
 
@@ -35,7 +37,7 @@ namespace test
 class StepRecorder
 {
   public:
-    StepRecorder() { singleton<utils::flag::Flags>().m_enableTraceMsgHeaders.setValue(0); }
+    StepRecorder() { m_flags.m_enableTraceMsgHeaders.setValue(0); }
 
     /// Sets the trace level of commands, queues and tasks.
     void setLevel(int level)
@@ -110,7 +112,11 @@ class StepRecorder
         std::string location;
         std::getline(lines, header);
         std::getline(lines, location);
-        const std::string words = text.substr(static_cast<std::size_t>(lines.tellg()));
+        if (!lines)
+        {
+            return text;
+        }
+        const std::string words = text.substr(header.size() + location.size() + 2);
 
         std::smatch from;
         std::smatch what;
@@ -139,6 +145,9 @@ class StepRecorder
         const auto found = folders.find(file);
         return found == folders.end() ? std::string() : found->second;
     }
+
+    const ConfigDirectory m_emptyConfiguration;  // before the first flag
+    utils::flag::Flags& m_flags = singleton<utils::flag::Flags>();
 
     std::mutex m_mutex;
     std::vector<std::string> m_lines;
