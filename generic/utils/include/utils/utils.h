@@ -23,6 +23,9 @@
 #include <utils/flag/Trace.h>
 #include <utils/flag/TraceMsg.h>
 #include <utils/lock/Lock.h>
+#include <utils/observer/Event.h>
+#include <utils/observer/Flags.h>
+#include <utils/observer/Notifier.h>
 #include <utils/queue/Flags.h>
 #include <utils/queue/Queue.h>
 #include <utils/queue/WriteCommand.h>

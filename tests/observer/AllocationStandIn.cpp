@@ -1,0 +1,49 @@
+#include "observer/AllocationStandIn.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace
+{
+
+thread_local long theNumAllocations = 0;
+thread_local long theNumToSucceed = -1;
+
+}  // namespace
+
+namespace test
+{
+
+long countAllocations()
+{
+    return theNumAllocations;
+}
+
+void setAllocationFailing(long numToSucceed)
+{
+    theNumToSucceed = numToSucceed;
+}
+
+}  // namespace test
+
+void* operator new(std::size_t size)
+{
+    ++theNumAllocations;
+    const bool isFailing = theNumToSucceed >= 0 && theNumToSucceed-- == 0;
+    void* const block = isFailing ? nullptr : std::malloc(size);
+    if (block == nullptr)
+    {
+        throw std::bad_alloc();
+    }
+    return block;
+}
+
+void operator delete(void* block) noexcept
+{
+    std::free(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept
+{
+    std::free(block);
+}
