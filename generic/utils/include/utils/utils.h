@@ -22,6 +22,9 @@
 #include <utils/flag/InitialValues.h>
 #include <utils/flag/Trace.h>
 #include <utils/flag/TraceMsg.h>
+#include <utils/llsCalendarTime.h>
+#include <utils/llsEnvVar.h>
+#include <utils/llsUser.h>
 #include <utils/lock/Lock.h>
 #include <utils/observer/Event.h>
 #include <utils/observer/Flags.h>
@@ -31,6 +34,8 @@
 #include <utils/queue/WriteCommand.h>
 #include <utils/singleton/NeverDestroyed.h>
 #include <utils/singleton/SingletonT.h>
+#include <utils/stdData.h>
+#include <utils/stdType.h>
 #include <utils/strategy/Strategy.h>
 #include <utils/strategy/StrategyT.h>
 #include <utils/task/Flags.h>
