@@ -32,6 +32,8 @@
 #include <utils/queue/Flags.h>
 #include <utils/queue/Queue.h>
 #include <utils/queue/WriteCommand.h>
+#include <utils/scpi/Flags.h>
+#include <utils/scpi/ScpiString.h>
 #include <utils/singleton/NeverDestroyed.h>
 #include <utils/singleton/SingletonT.h>
 #include <utils/stdData.h>
