@@ -22,6 +22,8 @@
 #include <utils/flag/InitialValues.h>
 #include <utils/flag/Trace.h>
 #include <utils/flag/TraceMsg.h>
+#include <utils/gsLockGuard.h>
+#include <utils/gsLocks.h>
 #include <utils/llsCalendarTime.h>
 #include <utils/llsEnvVar.h>
 #include <utils/llsUser.h>
@@ -37,6 +39,7 @@
 #include <utils/singleton/NeverDestroyed.h>
 #include <utils/singleton/SingletonT.h>
 #include <utils/stdData.h>
+#include <utils/stdSingleton.h>
 #include <utils/stdType.h>
 #include <utils/strategy/Strategy.h>
 #include <utils/strategy/StrategyT.h>
