@@ -10,6 +10,16 @@
 #include <utils/command/Macro.h>
 #include <utils/command/NoOpCommand.h>
 #include <utils/command/SleepCommand.h>
+#include <utils/errAclError.h>
+#include <utils/errAppError.h>
+#include <utils/errError.h>
+#include <utils/errGeneralError.h>
+#include <utils/errNullPtrError.h>
+#include <utils/errObjectAlreadyExistsError.h>
+#include <utils/errObjectDoesNotExistError.h>
+#include <utils/errStandardOutStrategy.h>
+#include <utils/errStrategy.h>
+#include <utils/errSysLogStrategy.h>
 #include <utils/error/DefaultStrategy.h>
 #include <utils/error/Error.h>
 #include <utils/error/StandardOutStrategy.h>
