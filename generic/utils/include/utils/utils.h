@@ -38,6 +38,8 @@
 #include <utils/llsEnvVar.h>
 #include <utils/llsUser.h>
 #include <utils/lock/Lock.h>
+#include <utils/logexp/Flags.h>
+#include <utils/logexp/LogExp.h>
 #include <utils/observer/Event.h>
 #include <utils/observer/Flags.h>
 #include <utils/observer/Notifier.h>
