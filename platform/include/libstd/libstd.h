@@ -5,6 +5,7 @@
 /// All of libstd.
 
 #include <libstd/IntervalAndDuration.h>
+#include <libstd/getType.h>
 #include <libstd/strToValue.h>
 #include <libstd/system.h>
 

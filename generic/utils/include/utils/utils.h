@@ -32,6 +32,10 @@
 #include <utils/flag/InitialValues.h>
 #include <utils/flag/Trace.h>
 #include <utils/flag/TraceMsg.h>
+#include <utils/flagFlag.h>
+#include <utils/flagFlagBase.h>
+#include <utils/flagFlags.h>
+#include <utils/gsFlags.h>
 #include <utils/gsLockGuard.h>
 #include <utils/gsLocks.h>
 #include <utils/llsCalendarTime.h>

@@ -3,31 +3,12 @@
 #include <sstream>
 
 #include <libstd/strToValue.h>
-#include <utils/flag/InitialValues.h>
 
-#include "flag/src/FlagConstruction.h"
+#include "flag/src/InitialText.h"
 #include "internal/TextOutput.h"
 
 namespace utils::flag
 {
-
-namespace
-{
-
-// The text that the initial values file holds for a flag.
-bool findInitialText(const std::string& name, std::string& text)
-{
-    const FlagConstruction construction;
-    if (construction.isNested())
-    {
-        // A strategy that reports the values file as missing makes a flag: the file is just being
-        // read.
-        return false;
-    }
-    return singleton::SingletonT<InitialValues>::getInstancePtr()->getInitialValue(name, text);
-}
-
-}  // namespace
 
 template <typename T>
 FlagT<T>::FlagT(const std::string& name, const T& defaultValue) : Flag(name), m_value(defaultValue)
