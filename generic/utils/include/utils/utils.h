@@ -35,9 +35,13 @@
 #include <utils/flagFlag.h>
 #include <utils/flagFlagBase.h>
 #include <utils/flagFlags.h>
+#include <utils/flagTrace.h>
+#include <utils/flagTraceMsg.h>
+#include <utils/flagTraceStrategy.h>
 #include <utils/gsFlags.h>
 #include <utils/gsLockGuard.h>
 #include <utils/gsLocks.h>
+#include <utils/gsSingleton.h>
 #include <utils/llsCalendarTime.h>
 #include <utils/llsEnvVar.h>
 #include <utils/llsUser.h>

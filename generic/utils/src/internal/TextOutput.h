@@ -33,6 +33,18 @@ void writeLine(std::ostream& os, const Words&... words)
     os.flush();
 }
 
+/// Makes a stream ready for another text: empty, good and in the default format, whatever failure
+/// or manipulators the last one left behind.
+inline void makeEmpty(std::ostringstream& stream)
+{
+    stream.str("");
+    stream.clear();
+    stream.flags(std::ios_base::dec | std::ios_base::skipws);
+    stream.width(0);
+    stream.precision(6);
+    stream.fill(' ');
+}
+
 }  // namespace utils
 
 #endif

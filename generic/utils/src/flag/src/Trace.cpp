@@ -3,25 +3,10 @@
 #include <utils/flag/Flags.h>
 
 #include "internal/SourceFile.h"
+#include "internal/TextOutput.h"
 
 namespace utils::flag
 {
-
-namespace
-{
-
-// The words of an earlier emission may have left manipulators or a failure behind.
-void makeEmpty(std::ostringstream& stream)
-{
-    stream.str("");
-    stream.clear();
-    stream.flags(std::ios_base::dec | std::ios_base::skipws);
-    stream.width(0);
-    stream.precision(6);
-    stream.fill(' ');
-}
-
-}  // namespace
 
 bool isTracingEnabled()
 {
