@@ -6,6 +6,7 @@
 #include <regex>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -50,14 +51,31 @@ class StepRecorder
     void setQueueLevel(int level) { setLevel<utils::queue::Flags>(level); }
     void setTaskLevel(int level) { setLevel<utils::task::Flags>(level); }
 
-    /// What was recorded since the last call.
+    /// What was recorded since it was last taken.
     std::vector<std::string> take()
     {
-        const std::lock_guard guard(m_mutex);
-        return std::exchange(m_lines, {});
+        return takeIf([](std::thread::id) { return true; });
+    }
+
+    /// Of that, what came from the calling thread.
+    std::vector<std::string> takeOwn()
+    {
+        return takeIf([](std::thread::id thread) { return thread == std::this_thread::get_id(); });
+    }
+
+    /// Of that, what came from other threads.
+    std::vector<std::string> takeOthers()
+    {
+        return takeIf([](std::thread::id thread) { return thread != std::this_thread::get_id(); });
     }
 
   private:
+    struct Line
+    {
+        std::thread::id thread;
+        std::string text;
+    };
+
     template <typename Message>
     class Listener : public utils::strategy::StrategyT<Message>
     {
@@ -93,9 +111,30 @@ class StepRecorder
 
     void record(const std::string& text)
     {
-        std::string line = shorten(text);
+        Line line{std::this_thread::get_id(), shorten(text)};
         const std::lock_guard guard(m_mutex);
         m_lines.push_back(std::move(line));
+    }
+
+    template <typename Condition>
+    std::vector<std::string> takeIf(Condition isWanted)
+    {
+        const std::lock_guard guard(m_mutex);
+        std::vector<std::string> taken;
+        std::vector<Line> left;
+        for (Line& line : m_lines)
+        {
+            if (isWanted(line.thread))
+            {
+                taken.push_back(std::move(line.text));
+            }
+            else
+            {
+                left.push_back(std::move(line));
+            }
+        }
+        m_lines = std::move(left);
+        return taken;
     }
 
     static std::string shorten(const std::string& text)
@@ -150,7 +189,7 @@ class StepRecorder
     utils::flag::Flags& m_flags = singleton<utils::flag::Flags>();
 
     std::mutex m_mutex;
-    std::vector<std::string> m_lines;
+    std::vector<Line> m_lines;
     Listener<utils::flag::TraceMsg> m_traces{*this};
     Listener<utils::error::Error> m_errors{*this};
 };
