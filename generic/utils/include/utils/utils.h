@@ -66,5 +66,9 @@
 #include <utils/task/Flags.h>
 #include <utils/task/Task.h>
 #include <utils/task/TerminateTaskMacro.h>
+#include <utils/xml/DocumentForParsing.h>
+#include <utils/xml/ElementData.h>
+#include <utils/xml/Flags.h>
+#include <utils/xml/Parser.h>
 
 #endif

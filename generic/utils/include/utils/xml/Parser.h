@@ -1,0 +1,89 @@
+#ifndef UTILS_XML_PARSER_H
+#define UTILS_XML_PARSER_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <utils/export.h>
+#include <utils/xml/DocumentForParsing.h>
+#include <utils/xml/ElementData.h>
+
+namespace utils::xml
+{
+
+/// Reads an XML text once, from front to back, and raises the events of its document.
+///
+///     utils::xml::DocumentForParsing document("<a x='1'>text</a>");
+///     document.m_leafElementEvent.registerInterest(&notifier, 0);
+///     utils::xml::Parser parser(&document);
+///     const bool isWhole = parser.parse();
+///
+/// An element raises the start of an element, one event for each attribute, the leaf element with
+/// its text, the same of the elements inside, and the end of the element. Declarations, processing
+/// instructions, comments and a document type declaration (without an internal subset) are skipped;
+/// one that is never closed ends the text.
+///
+/// There is no validation, no decoding of entities or characters, no CDATA, and ">" and "<" end a
+/// tag also inside of attribute values. White space is trimmed around the text of a leaf element.
+///
+/// Notifiers run on the calling thread. They may unregister as observer::Event says.
+///
+/// Time grows with the length of the text, memory with that and with the depth of the elements; no
+/// depth is too large for the stack.
+///
+/// Thread safety: belongs to one thread at a time. Several parsers may read one document at once
+/// when its events have locks, or nobody registers meanwhile and the notifiers allow it.
+class GENERIC_UTILS_EXPORT Parser
+{
+  public:
+    /// @param documentPtr not owned; must outlive the parser. Null is reported as error NULL_PTR and
+    ///        ends the process.
+    explicit Parser(const DocumentForParsing* documentPtr);
+
+    virtual ~Parser();
+
+    Parser(const Parser&) = delete;
+    Parser& operator=(const Parser&) = delete;
+
+    /// Reads the text; to be called once.
+    /// @return true when the text was read to its end and every element was closed. False when a
+    ///         notifier of an attribute or leaf element cleared ElementData::proceed, and when the
+    ///         text is malformed: then a WARNING was reported, "Malformed Tag", "Malformed Element",
+    ///         "Malformed Attribute" or "Tag Mismatch".
+    bool parse();
+
+  private:
+    bool getNextTag(std::string_view& name, std::string_view& attributes, bool& leaf, bool& endTag,
+                    bool& emptyElement);
+    std::size_t findElementTag() const;
+    bool isEndTag() const;
+    bool isEmptyElement() const;
+    bool getElementName(bool endTag, std::string_view& name, std::size_t& nameEnd) const;
+    std::string_view getAttributes(std::size_t nameEnd, bool emptyElement) const;
+    bool isLeafElement(bool endTag, bool emptyElement);
+    bool getLeafValue();
+    bool processNonEndTag(std::string_view name, std::string_view attributes, bool leaf,
+                          bool emptyElement);
+    bool processEndTag(std::string_view name);
+    bool parseAttributesAndNotify(std::string_view attributes);
+    void closeElement(std::string_view name);
+    const std::string& innermostName() const;
+
+    const DocumentForParsing* m_documentPtr;
+    std::string_view m_tag;  // in the document's text, from "<" to ">"
+    std::size_t m_offset;
+    std::int32_t m_level;
+    std::vector<std::string> m_elementNames;
+    ElementData m_startData;
+    ElementData m_attributeData;
+    ElementData m_leafData;
+    ElementData m_endData;
+    std::string_view m_text;  // the document's
+};
+
+}  // namespace utils::xml
+
+#endif

@@ -1,0 +1,110 @@
+// Documents and parsers as objects.
+//
+// - a document copies its text and keeps it as it is
+// - the name of the implicit root
+// - the events can be registered on through a constant document
+// - neither is copyable; both have virtual destructors
+// - a null document ends the process
+// - a parser parses once; a second call finds nothing further
+// - several parsers for one document, one after the other
+// - the start values of an element's record
+
+#include <gmock/gmock.h>
+
+#include <type_traits>
+
+#include "xml/XmlTest.h"
+
+namespace
+{
+
+using testing::ElementsAre;
+using utils::xml::DocumentForParsing;
+using utils::xml::ElementData;
+using utils::xml::Parser;
+
+using XmlDocument = test::XmlTest;
+using XmlParser = test::XmlTest;
+
+TEST_F(XmlDocument, KeepsACopyOfItsText)
+{
+    std::string xml("<a>\0</a> ", 9);
+    const DocumentForParsing document(xml);
+    xml.clear();
+    EXPECT_EQ(document.getXmlString(), std::string("<a>\0</a> ", 9));
+}
+
+TEST_F(XmlDocument, HasANameForItsRoot)
+{
+    EXPECT_EQ(DocumentForParsing::ROOT_ELEMENT_NAME, "xml_root_node");
+}
+
+TEST_F(XmlDocument, TakesRegistrationsAlsoWhenConstant)
+{
+    const DocumentForParsing document("<a/>");
+    int numCalls = 0;
+    test::ElementNotifier notifier([&](ElementData&) { ++numCalls; });
+    document.m_startOfElementEvent.registerInterest(&notifier, 1);
+    EXPECT_TRUE(Parser(&document).parse());
+    EXPECT_TRUE(document.m_startOfElementEvent.unregisterInterest(&notifier, 1));
+    EXPECT_EQ(numCalls, 1);
+}
+
+TEST_F(XmlDocument, IsNotCopyableAndHasAVirtualDestructor)
+{
+    EXPECT_FALSE(std::is_copy_constructible_v<DocumentForParsing>);
+    EXPECT_FALSE(std::is_copy_assignable_v<DocumentForParsing>);
+    EXPECT_TRUE(std::has_virtual_destructor_v<DocumentForParsing>);
+}
+
+TEST_F(XmlParser, IsNotCopyableAndHasAVirtualDestructor)
+{
+    EXPECT_FALSE(std::is_copy_constructible_v<Parser>);
+    EXPECT_FALSE(std::is_copy_assignable_v<Parser>);
+    EXPECT_TRUE(std::has_virtual_destructor_v<Parser>);
+}
+
+TEST(XmlParserDeath, ANullDocumentEndsTheProcess)
+{
+    const test::ConfigDirectory emptyConfiguration;
+    EXPECT_EXIT(Parser(nullptr), testing::ExitedWithCode(1),
+                "^!ERROR: NullPtr by [^\n]*\n"
+                "Generated from generic/utils/src/xml/src/Parser/[0-9]+/Parser:\n"
+                "Null pointer \\(documentPtr\\) passed to Parser::Parser\\.\n$");
+}
+
+TEST_F(XmlParser, FindsNothingFurtherInASecondCall)
+{
+    const DocumentForParsing document("<a>x</a>");
+    std::vector<std::string> paths;
+    test::ElementNotifier notifier([&](ElementData& data) { paths.push_back(data.name); });
+    document.m_startOfElementEvent.registerInterest(&notifier, 1);
+    Parser parser(&document);
+    EXPECT_TRUE(parser.parse());
+    EXPECT_TRUE(parser.parse());
+    EXPECT_THAT(paths, ElementsAre("a"));
+}
+
+TEST_F(XmlParser, OfOneDocumentMayBeSeveral)
+{
+    const DocumentForParsing document("<a/>");
+    int numCalls = 0;
+    test::ElementNotifier notifier([&](ElementData&) { ++numCalls; });
+    document.m_endOfElementEvent.registerInterest(&notifier, 1);
+    Parser first(&document);
+    Parser second(&document);
+    EXPECT_TRUE(first.parse());
+    EXPECT_TRUE(second.parse());
+    EXPECT_EQ(numCalls, 2);
+}
+
+TEST_F(XmlParser, RecordsStartAtLevelMinusOneAndProceed)
+{
+    const ElementData data;
+    EXPECT_EQ(data.level, -1);
+    EXPECT_EQ(data.name, "");
+    EXPECT_EQ(data.value, "");
+    EXPECT_TRUE(data.proceed);
+}
+
+}  // namespace
