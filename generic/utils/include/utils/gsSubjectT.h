@@ -1,0 +1,35 @@
+#ifndef UTILS_GSSUBJECTT_H
+#define UTILS_GSSUBJECTT_H
+
+/// @file
+/// The body of Gs_Subject::attach<T>().
+
+#include <memory>
+
+#include <utils/gsSubject.h>
+#include <utils/gsUpdateVoid.h>
+
+namespace utils
+{
+
+template <typename T>
+void Gs_Subject::attach(T* observerPtr, void (T::*function)(), Gs_Aspect* aspectPtr,
+                        unsigned int priority)
+{
+    if (isRefused("attach"))
+    {
+        return;
+    }
+    const Operation operation(*this, "attach");
+    Gs_Aspect* const usedAspectPtr = prepareAttach(observerPtr, aspectPtr, priority);
+    auto updaterPtr = std::make_unique<Gs_UpdateVoid<T>>(observerPtr, function);
+    insertObserver(observerPtr, usedAspectPtr, priority, updaterPtr.get());
+    static_cast<void>(updaterPtr.release());
+}
+
+extern template void Gs_Subject::attach<Gs_Observer>(Gs_Observer*, void (Gs_Observer::*)(),
+                                                     Gs_Aspect*, unsigned int);
+
+}  // namespace utils
+
+#endif
