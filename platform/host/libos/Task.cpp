@@ -52,8 +52,10 @@ int Task::start()
     if (error != 0)
     {
         delete this;
+        return error;
     }
-    return error;
+    release();
+    return 0;
 }
 
 int Task::createThread(uint64_t stackSize)

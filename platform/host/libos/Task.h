@@ -10,8 +10,8 @@
 namespace host
 {
 
-/// One thread and what is known about it. Owned by the thread and by its handle together: the last
-/// of the two to let go deletes the record.
+/// One thread and what is known about it. Owned by the thread, by its handle and, until the thread
+/// is started, by its creator: the last to let go deletes the record.
 class Task
 {
   public:
@@ -62,7 +62,7 @@ class Task
     void* const m_arg;
     const osTaskOptions_t m_options;
 
-    std::atomic<int> m_owners{2};
+    std::atomic<int> m_owners{3};
     /// Stored by the new thread and by its creator, whoever comes first; both store the same value.
     std::atomic<pthread_t> m_thread{};
 

@@ -4,6 +4,7 @@
 #include <libos/fail.h>
 #include <libos/osTask.h>
 #include <sched.h>
+#include <string.h>
 #include <time.h>
 
 #include <new>
@@ -68,7 +69,13 @@ osTaskHandle_t osTaskSelf(void)
 
 osTaskOptions_t osTaskGetOptions(osTaskHandle_t task)
 {
-    return task != nullptr ? toTask(task)->options() : osTaskOptions_t{};
+    if (task != nullptr)
+    {
+        return toTask(task)->options();
+    }
+    osTaskOptions_t none;
+    memset(&none, 0, sizeof none);  // the gaps between the fields too
+    return none;
 }
 
 int osTaskSetPriority(osTaskHandle_t task, int priority)

@@ -36,6 +36,9 @@ typedef enum osSchedPolicy_t
 typedef int (*osTaskEntry_t)(void* arg);
 
 /// Starts a thread that calls `entry(arg)`.
+///
+/// On a host the system shows a name of up to 15 characters as it is, and the first 7 and the last 7
+/// of a longer one around a '~'.
 /// @param options copied; null means all zero (hence not joinable). What the process may not have
 ///        (a priority without the privilege, an impossible stack size) is left at the system's default.
 /// @return the thread's handle, to be given to osTaskDestroy() once; null when no thread could be started
