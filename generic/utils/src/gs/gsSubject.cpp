@@ -1,19 +1,16 @@
 #include <utils/gsSubject.h>
 
-#include <algorithm>
-#include <iostream>
 #include <set>
-#include <utility>
 
 #include <utils/errNullPtrError.h>
 #include <utils/flagTrace.h>
-#include <utils/gsAttachAlreadyExistsError.h>
-#include <utils/gsAttachDoesNotExistError.h>
 #include <utils/gsFlags.h>
 
 #include "gs/PrintTree.h"
+#include "gs/SubjectTexts.h"
 #include "gs/TypeName.h"
 #include "gs/UpdateTracing.h"
+#include "gs/findAttachment.h"
 #include "internal/OlderReport.h"
 #include "internal/TextOutput.h"
 
@@ -35,10 +32,6 @@ constexpr int DETACH_NULL_OBSERVER_LINE = 197;
 constexpr int DETACH_NULL_ASPECT_LINE = 203;
 constexpr int DETACH_LINE = 205;
 constexpr int NOTIFY_NULL_ASPECT_LINE = 501;
-constexpr int ATTACHED_ALREADY_LINE = 798;
-constexpr int NO_ASPECT_TABLE_LINE = 838;
-constexpr int NO_PRIORITY_TABLE_LINE = 850;
-constexpr int NO_LIST_LINE = 862;
 
 constexpr const char* ATTACH_FILE = "generic/utils/include/utils/gsSubjectT";
 constexpr int ATTACH_NULL_OBSERVER_LINE = 34;
@@ -59,67 +52,12 @@ const flag::Flag_Flag<int>* traceSteps()
     return flag::findGsFlag(&flag::Gs_Flags::m_traceSubjectSteps);
 }
 
-// Names are copied before the next one is asked for: objects may keep theirs in one string.
-std::string nameOf(const Gs_Subject& subject)
-{
-    return subject.getName();
-}
-
-std::string nameOf(const Gs_Observer* observerPtr)
-{
-    return Gs_Observer::getNameOf(observerPtr);
-}
-
-std::string nameOf(const Gs_Aspect* aspectPtr)
-{
-    return aspectPtr != nullptr ? aspectPtr->getName() : "null";
-}
-
-// "Subject (...) Observer (...) Priority (...) Aspect (...)"
-std::string describe(const Gs_Subject& subject, const Gs_Observer* observerPtr,
-                     const Gs_Aspect* aspectPtr, unsigned int priority)
-{
-    return toText("Subject (", nameOf(subject), ") Observer (", nameOf(observerPtr), ") Priority (",
-                  priority, ") Aspect (", nameOf(aspectPtr), ")");
-}
-
-template <typename... Words>
-void printLine(const Words&... words)
-{
-    writeLine(std::cout, words...);
-}
-
 void reportNull(const SourceLocation& where, const char* pointerName)
 {
     err::report<err::Err_NullPtrError>(where, false, pointerName);
 }
 
-// An error about an attachment, which is not recoverable.
-template <typename Error>
-void reportAttachment(const SourceLocation& where, const Gs_Subject& subject,
-                      const Gs_Observer* observerPtr, unsigned int priority)
-{
-    err::report<Error>(where, false, nameOf(subject).c_str(), nameOf(observerPtr).c_str(),
-                       static_cast<int>(priority));
-}
-
 }  // namespace
-
-Gs_Subject::Operation::Operation(Gs_Subject& subject, const char* name)
-    : m_subjectPtr(&subject), m_outerPtr(subject.m_operationPtr)
-{
-    subject.m_currentMethod = name;
-    subject.m_operationPtr = this;
-}
-
-Gs_Subject::Operation::~Operation()
-{
-    if (m_subjectPtr != nullptr)
-    {
-        m_subjectPtr->m_currentMethod.clear();
-        m_subjectPtr->m_operationPtr = m_outerPtr;
-    }
-}
 
 Gs_Subject::Gs_Subject()
 {
@@ -148,36 +86,6 @@ Gs_Subject::~Gs_Subject()
     GENERIC_UTILS_OLDER_TRACE_AT(at(DESTRUCTION_LINE, "~Gs_Subject"), traceSteps(), 2,
                                  "Destructing Gs_Subject " << typeName(*this));
     releaseAttachments();
-}
-
-// Updaters, and the strategies that their traces reach, may run application code. It may end
-// observers (see forget()), but the lists stay as they are, since every operation is refused.
-void Gs_Subject::releaseAttachments()
-{
-    findAttachment(
-        [this](Gs_Aspect*, unsigned int, Attachment& attachment)
-        {
-            const Attachment released = {std::exchange(attachment.m_observerPtr, nullptr),
-                                         std::move(attachment.m_updaterPtr)};
-            unlink(released.m_observerPtr);
-            return false;
-        });
-}
-
-// An observer ends while the subject is in its destructor, which still holds attachments of it.
-void Gs_Subject::forget(const Gs_Observer* observerPtr)
-{
-    m_numAttachments.erase(observerPtr);
-    findAttachment(
-        [observerPtr](Gs_Aspect*, unsigned int, Attachment& attachment)
-        {
-            if (attachment.m_observerPtr == observerPtr)
-            {
-                attachment.m_observerPtr = nullptr;
-                const std::unique_ptr<Gs_Observer> endedPtr = std::move(attachment.m_updaterPtr);
-            }
-            return false;
-        });
 }
 
 void Gs_Subject::output(std::ostream& os) const
@@ -363,113 +271,6 @@ bool Gs_Subject::detachFirstIf(const Gs_Observer* observerPtr, bool isAnyObserve
     return isFound;
 }
 
-bool Gs_Subject::isObserverAttached(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr,
-                                    unsigned int priority) const
-{
-    if (isRefused("isObserverAttached"))
-    {
-        return false;
-    }
-    const AttachmentList* const listPtr = findList(aspectPtr, priority);
-    return listPtr != nullptr && std::any_of(listPtr->begin(), listPtr->end(),
-                                             [=](const Attachment& attachment)
-                                             { return attachment.m_observerPtr == observerPtr; });
-}
-
-void Gs_Subject::insertObserver(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr,
-                                unsigned int priority, Gs_Observer* updaterPtr)
-{
-    if (isRefused("insertObserver"))
-    {
-        return;
-    }
-    const Operation operation(*this, "insertObserver");
-    AttachmentList& list = findOrCreateList(aspectPtr, priority);
-    if (isObserverAttached(observerPtr, aspectPtr, priority))
-    {
-        reportAttachment<err::Gs_AttachAlreadyExistsError>(
-            at(ATTACHED_ALREADY_LINE, "insertObserver"), *this, observerPtr, priority);
-    }
-    AttachmentList added;
-    added.push_back({observerPtr, nullptr});
-    link(observerPtr);
-    // From here on nothing fails, and the updater is the subject's.
-    added.front().m_updaterPtr.reset(updaterPtr);
-    list.splice(list.end(), added);
-}
-
-void Gs_Subject::eraseObserver(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr,
-                               unsigned int priority)
-{
-    if (isRefused("eraseObserver"))
-    {
-        return;
-    }
-    const Operation operation(*this, "eraseObserver");
-    AttachmentList* const listPtr = findList(aspectPtr, priority);
-    if (listPtr == nullptr)
-    {
-        const int line = m_aspectTable == nullptr                  ? NO_ASPECT_TABLE_LINE
-                         : findPriorityTable(aspectPtr) == nullptr ? NO_PRIORITY_TABLE_LINE
-                                                                   : NO_LIST_LINE;
-        reportAttachment<err::Gs_AttachDoesNotExistError>(at(line, "eraseObserver"), *this,
-                                                          observerPtr, priority);
-        return;
-    }
-    const auto position = std::find_if(listPtr->begin(), listPtr->end(),
-                                       [=](const Attachment& attachment)
-                                       { return attachment.m_observerPtr == observerPtr; });
-    if (position != listPtr->end())
-    {
-        // Its updater is destroyed last, since that may run application code.
-        const Attachment erased = unlink(*listPtr, position);
-    }
-}
-
-Gs_Subject::Attachment Gs_Subject::unlink(AttachmentList& list, AttachmentList::iterator position)
-{
-    for (Operation* operation = m_operationPtr; operation != nullptr;
-         operation = operation->m_outerPtr)
-    {
-        if (operation->m_walkedListPtr == &list && operation->m_next == position)
-        {
-            ++operation->m_next;
-        }
-    }
-    Attachment unlinked = std::move(*position);
-    list.erase(position);
-    unlink(unlinked.m_observerPtr);
-    return unlinked;
-}
-
-unsigned int Gs_Subject::countAttachments(const Gs_Observer* observerPtr) const
-{
-    const auto found = m_numAttachments.find(observerPtr);
-    return found == m_numAttachments.end() ? 0 : found->second;
-}
-
-// One more attachment of an observer.
-void Gs_Subject::link(Gs_Observer* observerPtr)
-{
-    if (observerPtr != nullptr)
-    {
-        unsigned int& numAttachments = m_numAttachments[observerPtr];
-        observerPtr->insertSubject(this);
-        ++numAttachments;
-    }
-}
-
-// One attachment of an observer less.
-void Gs_Subject::unlink(Gs_Observer* observerPtr)
-{
-    const auto found = m_numAttachments.find(observerPtr);
-    if (found != m_numAttachments.end() && --found->second == 0)
-    {
-        m_numAttachments.erase(found);
-        observerPtr->eraseSubject(this);
-    }
-}
-
 bool Gs_Subject::isRefused(const char* operation) const
 {
     if (m_inDestructor)
@@ -478,86 +279,6 @@ bool Gs_Subject::isRefused(const char* operation) const
                   "' when in destructor!!!");
     }
     return m_inDestructor;
-}
-
-Gs_Subject::PriorityTable* Gs_Subject::findPriorityTable(Gs_Aspect* aspectPtr) const
-{
-    if (aspectPtr == m_defaultAspectPtr)
-    {
-        return m_defaultPriorityTable;
-    }
-    if (m_aspectTable == nullptr)
-    {
-        return nullptr;
-    }
-    const auto found = m_aspectTable->find(aspectPtr);
-    return found == m_aspectTable->end() ? nullptr : found->second.get();
-}
-
-Gs_Subject::AttachmentList* Gs_Subject::findList(Gs_Aspect* aspectPtr, unsigned int priority) const
-{
-    const PriorityTable* const tablePtr = findPriorityTable(aspectPtr);
-    if (tablePtr == nullptr)
-    {
-        return nullptr;
-    }
-    const auto found = tablePtr->find(priority);
-    return found == tablePtr->end() ? nullptr : found->second.get();
-}
-
-Gs_Subject::AttachmentList& Gs_Subject::findOrCreateList(Gs_Aspect* aspectPtr,
-                                                         unsigned int priority)
-{
-    if (m_aspectTable == nullptr)
-    {
-        m_aspectTable = std::make_unique<AspectTable>();
-    }
-    std::unique_ptr<PriorityTable>& tablePtr = (*m_aspectTable)[aspectPtr];
-    if (tablePtr == nullptr)
-    {
-        tablePtr = std::make_unique<PriorityTable>();
-    }
-    if (aspectPtr == m_defaultAspectPtr)
-    {
-        m_defaultPriorityTable = tablePtr.get();
-    }
-    std::unique_ptr<AttachmentList>& listPtr = (*tablePtr)[priority];
-    if (listPtr == nullptr)
-    {
-        listPtr = std::make_unique<AttachmentList>();
-    }
-    return *listPtr;
-}
-
-template <typename Function>
-bool Gs_Subject::findAttachment(Function function) const
-{
-    if (m_aspectTable == nullptr)
-    {
-        return false;
-    }
-    for (const auto& [aspectPtr, tablePtr] : *m_aspectTable)
-    {
-        if (tablePtr == nullptr)
-        {
-            continue;
-        }
-        for (const auto& [priority, listPtr] : *tablePtr)
-        {
-            if (listPtr == nullptr)
-            {
-                continue;
-            }
-            for (Attachment& attachment : *listPtr)
-            {
-                if (function(aspectPtr, priority, attachment))
-                {
-                    return true;
-                }
-            }
-        }
-    }
-    return false;
 }
 
 void Gs_Subject::printObservers(const Gs_Subject* subjectPtr, std::ostream& os)
