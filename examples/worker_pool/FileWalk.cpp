@@ -107,7 +107,7 @@ void FileWalk::visitFolder(const fs::path& folder)
         {
             return;
         }
-        if (m_excludedNames.count(path.filename()) == 0)
+        if (!m_excludedNames.contains(path.filename()))
         {
             const fs::file_status status = fs::symlink_status(path, error);
             visit(path, status, error);

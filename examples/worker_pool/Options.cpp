@@ -113,6 +113,7 @@ void declare(CLI::App& app, Options& options)
                    "folders; may be given several times")
         ->type_name("NAME")
         ->expected(1)
+        ->allow_extra_args(false)  // what follows the name is a path
         ->take_all();
     app.add_option_function<std::string>(
            "--trace",

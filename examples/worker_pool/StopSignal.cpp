@@ -28,7 +28,7 @@ void catchSignal(int signal)
     struct sigaction action = {};
     action.sa_handler = &noteSignal;
     // The system's own handling, which ends the process, is back after the first one.
-    action.sa_flags = SA_RESETHAND | SA_RESTART;
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
     sigaction(signal, &action, nullptr);
 }
 
