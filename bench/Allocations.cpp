@@ -7,6 +7,7 @@
 #include <atomic>
 
 // The C library's own, under the names that it keeps for programs that replace malloc().
+// NOLINTBEGIN(bugprone-reserved-identifier): the C library's names
 extern "C" {
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);

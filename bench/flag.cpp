@@ -48,6 +48,7 @@ void flags(benchmark::State& state)
 {
     const std::vector<std::string> names = makeNames(state.range(0));
     std::vector<std::unique_ptr<FlagT<int>>> owned;
+    owned.reserve(names.size());
     for (const std::string& name : names)
     {
         owned.push_back(std::make_unique<FlagT<int>>(name, 0));

@@ -155,7 +155,12 @@ void disabledTrace(benchmark::State& state)
 {
     utils::flag::FlagT<int> level("bench::m_traceSteps", 0);
     int number = 0;
-    allocations(state, [&] { GENERIC_UTILS_TRACE(level, 1, "Counting to " << ++number << "."); });
+    const auto trace = [&]
+    {
+        constexpr utils::SourceLocation HERE{__FILE__, __LINE__, "trace"};
+        GENERIC_UTILS_TRACE_AT(HERE, level, 1, "Counting to " << ++number << ".");
+    };
+    allocations(state, trace);
 }
 
 [[maybe_unused]] const bool isRegistered = []
