@@ -8,13 +8,20 @@
 // - an event whose last registration was removed takes new ones
 // - an event is destroyed with registrations left; it never deletes notifiers
 // - an event has no lock until enableLock(), then for good
+// - the order is right whatever was registered and unregistered before
 // - events are not copyable; events and notifiers have virtual destructors
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <list>
 #include <optional>
+#include <random>
+#include <string>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 #include <utils/observer/Event.h>
 
@@ -145,6 +152,54 @@ TEST_F(EventNotification, HasALockOnlyOnceEnabledAndThenForGood)
     EXPECT_TRUE(m_event.isLockEnabled());
     m_event.enableLock();
     EXPECT_TRUE(m_event.isLockEnabled());
+}
+
+// Against a list that is kept in order by inserting behind all that are not higher.
+TEST_F(EventNotification, KeepsTheOrderThroughRandomRegistrations)
+{
+    struct Registration
+    {
+        JournalNotifier* notifierPtr;
+        std::string name;
+        int priority;
+    };
+    std::list<Registration> expected;
+    std::mt19937 random(19720302);
+    const auto pick = [&](int count)
+    { return std::uniform_int_distribution(0, count - 1)(random); };
+    const std::vector<std::pair<JournalNotifier*, std::string>> notifiers{
+        {&m_a, "a"}, {&m_b, "b"}, {&m_c, "c"}, {&m_d, "d"}};
+
+    for (int i = 0; i < 5000; ++i)
+    {
+        const auto& [notifierPtr, name] = notifiers[static_cast<std::size_t>(pick(4))];
+        const int priority = pick(5) - 2;
+        const auto isSame = [&, wanted = notifierPtr](const Registration& registration)
+        { return registration.notifierPtr == wanted && registration.priority == priority; };
+        const auto found = std::find_if(expected.begin(), expected.end(), isSame);
+        if (found != expected.end() && pick(5) < 3)
+        {
+            ASSERT_TRUE(m_event.unregisterInterest(notifierPtr, priority));
+            expected.erase(found);
+        }
+        else
+        {
+            m_event.registerInterest(notifierPtr, priority);
+            const auto behind =
+                std::find_if(expected.begin(), expected.end(),
+                             [&](const auto& other) { return other.priority > priority; });
+            expected.insert(behind, {notifierPtr, name, priority});
+        }
+
+        std::vector<std::string> names;
+        for (const Registration& registration : expected)
+        {
+            names.push_back(registration.name);
+        }
+        m_journal.clear();
+        m_event.notify(nullptr);
+        ASSERT_EQ(m_journal, names);
+    }
 }
 
 TEST(EventType, IsNotCopyable)

@@ -1,7 +1,6 @@
 #ifndef UTILS_OBSERVER_EVENT_H
 #define UTILS_OBSERVER_EVENT_H
 
-#include <map>
 #include <memory>
 #include <string>
 
@@ -11,6 +10,8 @@
 
 namespace utils::observer
 {
+
+class NotifierTable;
 
 /// Something that occurs, and the notifiers that want to be called when it does.
 ///
@@ -69,16 +70,16 @@ class GENERIC_UTILS_EXPORT Event
 
   private:
     class Guard;
-    using Table = std::multimap<int, Notifier*>;
 
     void insert(Notifier* notifierPtr, int priority);
     bool erase(const Notifier* notifierPtr, int priority);
     unsigned long callNotifiers(void* data);
+    unsigned long callUnderLock(void* data);
 
-    std::unique_ptr<Table> m_table;      // null while there is no registration
-    std::unique_ptr<COsMutex> m_mutex;   // null without a lock
-    unsigned long m_numTablesEnded = 0;  // tells a walk that its table is gone, replaced or not
-    unsigned long m_numLocksKept = 0;    // by failed calls of unregisterInterest()
+    std::unique_ptr<NotifierTable> m_table;  // null while there is no registration
+    std::unique_ptr<COsMutex> m_mutex;       // null without a lock
+    unsigned long m_numTablesEnded = 0;      // tells a walk that its table is gone, replaced or not
+    unsigned long m_numLocksKept = 0;        // by failed calls of unregisterInterest()
 };
 
 }  // namespace utils::observer

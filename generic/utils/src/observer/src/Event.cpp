@@ -5,6 +5,7 @@
 
 #include "internal/Report.h"
 #include "lock/src/acquire.h"
+#include "observer/src/NotifierTable.h"
 
 namespace utils::observer
 {
@@ -161,14 +162,7 @@ bool Event::unregisterInterest(const Notifier* notifierPtr, const int& priority)
 
 void Event::notify(void* data)
 {
-    unsigned long count = 0;
-    {
-        const Guard guard(*this);
-        if (guard.isAdmitted())
-        {
-            count = callNotifiers(data);
-        }
-    }
+    const unsigned long count = m_mutex == nullptr ? callNotifiers(data) : callUnderLock(data);
     GENERIC_UTILS_TRACE_AT(
         at(NOTIFY_LINE, __func__), traceSteps(), 2,
         "An event (" << this << ") has occurred - notified " << count << " observers.");
@@ -179,31 +173,29 @@ void Event::insert(Notifier* notifierPtr, int priority)
 {
     if (m_table != nullptr)
     {
-        m_table->emplace(priority, notifierPtr);
+        m_table->add(notifierPtr, priority);
         return;
     }
-    auto table = std::make_unique<Table>();
-    table->emplace(priority, notifierPtr);
+    auto table = std::make_unique<NotifierTable>();
+    table->add(notifierPtr, priority);
     m_table = std::move(table);
 }
 
 bool Event::erase(const Notifier* notifierPtr, int priority)
 {
-    const auto [begin, end] = m_table->equal_range(priority);
-    for (auto entry = begin; entry != end; ++entry)
+    const bool isErased = m_table->remove(notifierPtr, priority);
+    if (m_table->isEmpty())
     {
-        if (entry->second == notifierPtr)
-        {
-            m_table->erase(entry);
-            if (m_table->empty())
-            {
-                m_table.reset();
-                ++m_numTablesEnded;
-            }
-            return true;
-        }
+        m_table.reset();
+        ++m_numTablesEnded;
     }
-    return false;
+    return isErased;
+}
+
+unsigned long Event::callUnderLock(void* data)
+{
+    const Guard guard(*this);
+    return guard.isAdmitted() ? callNotifiers(data) : 0;
 }
 
 unsigned long Event::callNotifiers(void* data)
@@ -214,15 +206,16 @@ unsigned long Event::callNotifiers(void* data)
     }
     unsigned long count = 0;
     const unsigned long numTablesEnded = m_numTablesEnded;
-    for (auto next = m_table->begin(); next != m_table->end();)
+    const NotifierTable::Entry* nextPtr = m_table->getFirstPtr();
+    while (nextPtr != nullptr)
     {
-        Notifier* const notifierPtr = next->second;
-        ++next;  // before the call, which may remove this entry
+        Notifier* const notifierPtr = nextPtr->notifierPtr;
+        nextPtr = nextPtr->nextPtr;  // before the call, which may remove this entry
         ++count;
         notifierPtr->notify(data);
         if (m_numTablesEnded != numTablesEnded)
         {
-            break;  // the position belongs to a table that is gone
+            break;  // the next entry belongs to a table that is gone
         }
     }
     return count;

@@ -21,6 +21,7 @@ constexpr char RIGHT_DELIMITER = '>';
 constexpr char END_MARKER = '/';
 constexpr char NAME_VALUE_SEPARATOR = '=';
 
+constexpr CharacterSet TAG_DELIMITERS("<>");
 constexpr CharacterSet WHITE_SPACE(" \t\r\n");
 constexpr CharacterSet ELEMENT_NAME_TERMINATORS(" \t\r\n>/");
 constexpr CharacterSet ATTRIBUTE_NAME_TERMINATORS(" \t\r\n=");
@@ -173,17 +174,17 @@ bool Parser::getNextTag(std::string_view& name, std::string_view& attributes, bo
         return true;
     }
 
-    const std::size_t right = m_text.find(RIGHT_DELIMITER, left);
-    const std::size_t size = right == NOT_FOUND ? NOT_FOUND : right + 1 - left;
-    const std::string_view tag = m_text.substr(left, size);
-    if (right == NOT_FOUND || tag.find(LEFT_DELIMITER, 1) != NOT_FOUND)
+    std::size_t right = TAG_DELIMITERS.findFirst(m_text, left + 1);
+    if (right == NOT_FOUND || m_text[right] != RIGHT_DELIMITER)
     {
+        right = m_text.find(RIGHT_DELIMITER, left);
+        const std::size_t size = right == NOT_FOUND ? NOT_FOUND : right + 1 - left;
         warn(GENERIC_UTILS_HERE, MALFORMED_TAG,
              "Can not find right tag delimiter for left tag delimiter\nstarting offset ", left,
-             " ending offset ", right, '\n', tag, '\n');
+             " ending offset ", right, '\n', m_text.substr(left, size), '\n');
         return false;
     }
-    m_tag = tag;
+    m_tag = m_text.substr(left, right + 1 - left);
     m_offset = right + 1;
 
     endTag = isEndTag();
