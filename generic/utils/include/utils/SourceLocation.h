@@ -16,10 +16,7 @@ struct SourceLocation
 }  // namespace utils
 
 /// The place where it stands, as a utils::SourceLocation.
-#define GENERIC_UTILS_HERE                                     \
-    ::utils::SourceLocation                                    \
-    {                                                          \
-        __FILE__, __LINE__, static_cast<const char*>(__func__) \
-    }
+#define GENERIC_UTILS_HERE \
+    (::utils::SourceLocation{__FILE__, __LINE__, static_cast<const char*>(__func__)})
 
 #endif

@@ -39,7 +39,7 @@ class NameCopy
     std::string_view get() const { return m_name; }
 
   private:
-    char m_short[128];
+    char m_short[128];  // not initialised, because one is made for every command executed
     std::string m_long;
     std::string_view m_name;
 };
