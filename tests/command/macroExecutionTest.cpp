@@ -23,7 +23,6 @@ using test::Journal;
 using test::JournalCommand;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using utils::command::Macro;
 
 constexpr bool CONTINUE_ON_ERROR = true;

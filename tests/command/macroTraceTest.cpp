@@ -13,7 +13,6 @@
 namespace
 {
 
-using test::FunctionCommand;
 using test::Journal;
 using test::JournalCommand;
 using test::StepRecorder;

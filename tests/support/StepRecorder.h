@@ -1,11 +1,13 @@
 #ifndef TESTS_SUPPORT_STEPRECORDER_H
 #define TESTS_SUPPORT_STEPRECORDER_H
 
+#include <algorithm>
+#include <cstddef>
 #include <map>
 #include <mutex>
-#include <regex>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -137,41 +139,74 @@ class StepRecorder
         return taken;
     }
 
+    // Takes a text apart from left to right.
+    class Scanner
+    {
+      public:
+        explicit Scanner(std::string_view text) : m_rest(text) {}
+
+        // Skips a text if it stands here.
+        bool skip(std::string_view text)
+        {
+            const bool isHere = m_rest.substr(0, text.size()) == text;
+            m_rest.remove_prefix(isHere ? text.size() : 0);
+            return isHere;
+        }
+
+        // What stands before a delimiter, which is skipped; nothing from a missing one on.
+        std::string takeUntil(std::string_view delimiter)
+        {
+            const std::size_t end = m_rest.find(delimiter);
+            m_isGood = m_isGood && end != std::string_view::npos;
+            if (!m_isGood)
+            {
+                return {};
+            }
+            std::string taken(m_rest.substr(0, end));
+            m_rest.remove_prefix(end + delimiter.size());
+            return taken;
+        }
+
+        bool isGood() const { return m_isGood; }
+        std::string getRest() const { return std::string(m_rest); }
+
+      private:
+        std::string_view m_rest;
+        bool m_isGood = true;
+    };
+
     static std::string shorten(const std::string& text)
     {
-        static const std::string when = " by [^ ]+ on \\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.";
-        static const std::regex trace(
-            "!TRACE \\(utils::(\\w+)::m_traceSteps = \\d+; trace level = (\\d+)\\)" + when);
-        static const std::regex error("!([A-Z]+: \\w+)" + when);
-        static const std::regex place(
-            "Generated from generic/utils/src/(\\w+)/src/((\\w+)/)\\d+/(~?\\w+:)");
+        Scanner scanner(text);
+        const bool isTrace = scanner.skip("!TRACE (utils::");
+        const bool isReport = scanner.skip("!");
+        const std::string subsystem = isTrace ? scanner.takeUntil("::m_traceSteps = ") : "";
+        const std::string value = isTrace ? scanner.takeUntil("; trace level = ") : "";
+        const std::string what = scanner.takeUntil(isTrace ? ") by " : " by ");
+        const std::string user = scanner.takeUntil(" on ");
+        const std::string time = scanner.takeUntil(".\nGenerated from generic/utils/src/");
+        const std::string folder = scanner.takeUntil("/src/");
+        const std::string file = scanner.takeUntil("/");
+        const std::string line = scanner.takeUntil("/");
+        const std::string function = scanner.takeUntil(":\n");
 
-        std::istringstream lines(text);
-        std::string header;
-        std::string location;
-        std::getline(lines, header);
-        std::getline(lines, location);
-        if (!lines)
-        {
-            return text;
-        }
-        const std::string words = text.substr(header.size() + location.size() + 2);
+        const bool isComplete = scanner.isGood() && isTrace != isReport && !user.empty() &&
+                                !line.empty() && hasForm(line, std::string(line.size(), '0')) &&
+                                hasForm(value, std::string(value.size(), '0')) &&
+                                hasForm(time, "0000-00-00 00:00:00");
+        const bool isRight = folderOf(file) == folder && (isReport || subsystem == folder);
+        return isComplete && isRight ? what + " " + file + "/" + function + ": " + scanner.getRest()
+                                     : text;
+    }
 
-        std::smatch from;
-        std::smatch what;
-        if (!std::regex_match(location, from, place) || folderOf(from[3]) != from[1])
-        {
-            return text;
-        }
-        if (std::regex_match(header, what, trace) && what[1] == from[1])
-        {
-            return what[2].str() + " " + from[2].str() + from[4].str() + " " + words;
-        }
-        if (std::regex_match(header, what, error))
-        {
-            return what[1].str() + " " + from[2].str() + from[4].str() + " " + words;
-        }
-        return text;
+    // Whether a text has digits where its form has zeroes, and is the same elsewhere.
+    static bool hasForm(const std::string& text, const std::string& form)
+    {
+        return std::equal(text.begin(), text.end(), form.begin(), form.end(),
+                          [](char character, char pattern) {
+                              return pattern == '0' ? character >= '0' && character <= '9'
+                                                    : character == pattern;
+                          });
     }
 
     static std::string folderOf(const std::string& file)

@@ -19,7 +19,6 @@ namespace
 using test::isReport;
 using test::makeMacro;
 using test::StepRecorder;
-using testing::ElementsAre;
 using testing::ExitedWithCode;
 using testing::IsEmpty;
 using utils::queue::Queue;

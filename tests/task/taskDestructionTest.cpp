@@ -33,7 +33,6 @@ using test::StepRecorder;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using utils::command::Macro;
 using utils::queue::Queue;
 using utils::task::Task;
 

@@ -40,7 +40,7 @@ int runProgram(const std::string& name)
 TEST(TaskExit, ReturningFromMainWhileTasksRun)
 {
     const test::ConfigDirectory configuration;
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 2; ++i)
     {
         EXPECT_EQ(runProgram("exitWithRunningTasks"), 5);
     }

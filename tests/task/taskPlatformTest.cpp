@@ -280,7 +280,6 @@ TEST_F(TaskWithoutThread, CanBeTerminatedAndJoinedWithoutHanging)
 
 TEST_F(TaskWithoutThread, IsNotDeletedWhenItWasToDeleteItself)
 {
-    std::atomic<int> numDeleted{0};
     auto* const task = new Task("t", nullptr, 2);
     EXPECT_TRUE(task->start(nullptr, nullptr, true));
     EXPECT_EQ(Task::getTaskPtr("t"), task);

@@ -24,7 +24,6 @@ using test::FunctionCommand;
 using test::makeMacro;
 using test::StepRecorder;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using utils::command::Macro;
 using utils::queue::Queue;
 using utils::queue::WriteCommand;

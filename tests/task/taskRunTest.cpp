@@ -21,7 +21,6 @@ namespace
 
 using test::Blocker;
 using test::CountedMacro;
-using test::FunctionCommand;
 using test::Journal;
 using test::JournalCommand;
 using test::makeMacro;

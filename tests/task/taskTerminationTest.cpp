@@ -169,6 +169,8 @@ TEST(TaskTermination, ATaskMayBeDestroyedDuringItsThreadsLastLines)
         QuickTask() : Task("t", nullptr, 5) {}
         ~QuickTask() override { cleanUp(); }
         int run(void*) override { return 0; }
+        void finalize(const int&) override { m_isEnding.count_down(); }
+        std::latch m_isEnding{1};
     };
 
     StepRecorder recorder;
@@ -176,6 +178,7 @@ TEST(TaskTermination, ATaskMayBeDestroyedDuringItsThreadsLastLines)
     {
         auto task = std::make_unique<QuickTask>();
         task->start(nullptr, nullptr, false);
+        task->m_isEnding.wait();
         while (task->getState() != Task::NOT_RUNNING)
         {
             Task::yield();
@@ -203,7 +206,6 @@ TEST(TaskTermination, AMacroThatMovedOnIsNotTouched)
     Task task("t", nullptr, 2);
     task.start(nullptr, nullptr, false);
     moveMacrosTo(task, 10 * NUM_ROUNDS);
-    task.terminate(true);
     EXPECT_THAT(recorder.take(), IsEmpty());
 }
 
@@ -215,7 +217,6 @@ TEST(TaskTermination, AMacroThatMovedOnIsNotTouchedWhileTraced)
     recorder.setLevel(2);
     moveMacrosTo(task, NUM_ROUNDS / 10);
     recorder.setLevel(0);
-    task.terminate(true);
 }
 
 }  // namespace

@@ -207,6 +207,76 @@ TEST_F(TaskTrace, OfTheThreadAtLevelOne)
                             "thread of execution has finished."));
 }
 
+// The terminate macro is deleted, not executed.
+TEST_F(TaskTrace, OfTheEndOfTheMainLoopWithAllThatItDoes)
+{
+    Blocker blocker;
+    Task task("t", nullptr, 5);
+    task.start(nullptr, nullptr, false);
+    task.getEventQueuePtr()->write(blocker.makeMacro(), 0);
+    blocker.waitUntilEntered();
+    m_recorder.setLevel(2);
+    task.terminate(false);
+    blocker.open();
+    osTaskJoin(task.getOsTaskPtr());
+    m_recorder.setLevel(0);
+    EXPECT_THAT(
+        m_recorder.takeOthers(),
+        ElementsAre("1 Command/execute: Executed command 'function' - status = 0.",
+                    "1 Command/~Command: Destroying command 'function'.",
+                    "1 Command/~Command: Destroying command 'macro'.",
+                    "1 Command/execute: Executed command 'macro' - status = 0.",
+                    "1 Queue/read: Reading macro from queue 't-TaskEventQueue'.",
+                    "2 Queue/read: Read macro 'TerminateTaskMacro' from queue 't-TaskEventQueue'.",
+                    "1 TerminateTaskMacro/~TerminateTaskMacro: Destroying a Terminate Task Macro "
+                    "with queue 't-TaskEventQueue'.",
+                    "1 WriteCommand/~WriteCommand: Destroying Write Command for queue "
+                    "'t-TaskEventQueue' and macro 'TerminateTaskMacro'.",
+                    "1 Command/~Command: Destroying command 'WriteCommand'.",
+                    "1 NoOpCommand/~NoOpCommand: Destroying a No-Op Command.",
+                    "1 Command/~Command: Destroying command 'NoOpCommand'.",
+                    "1 Command/~Command: Destroying command 'TerminateTaskMacro'.",
+                    "1 Task/go: Thread of execution for task 't' has completed - exit status = 0.",
+                    "1 Task/threadOfExecutionFinished: Task 't' has been notified that its thread "
+                    "of execution has finished."));
+}
+
+TEST_F(TaskTrace, OfTheThreadEnclosesTheHooks)
+{
+    class TracingTask : public Task
+    {
+      public:
+        TracingTask() : Task("t", nullptr, 5) {}
+        ~TracingTask() override { cleanUp(); }
+        void initialize() override { getMyName(); }
+        int run(void*) override
+        {
+            m_threadId = gettid();
+            isThreadOfExecutionRunning();
+            return 0;
+        }
+        void finalize(const int&) override { getMyName(); }
+        pid_t m_threadId = 0;
+    };
+
+    TracingTask task;
+    m_recorder.setTaskLevel(2);
+    task.start(nullptr, nullptr, false);
+    osTaskJoin(task.getOsTaskPtr());
+    m_recorder.setTaskLevel(0);
+    EXPECT_THAT(m_recorder.takeOthers(),
+                ElementsAre("1 Task/go: Thread of execution for task 't' (" +
+                                std::to_string(task.m_threadId) + ") started.",
+                            "1 Task/getMyName: My task name is 't'.",
+                            "2 Task/isThreadOfExecutionRunning: Thread of execution running for "
+                            "task 't' = 1.",
+                            "1 Task/getMyName: My task name is 't'.",
+                            "1 Task/go: Thread of execution for task 't' has completed - exit "
+                            "status = 0.",
+                            "1 Task/threadOfExecutionFinished: Task 't' has been notified that its "
+                            "thread of execution has finished."));
+}
+
 TEST_F(TaskTrace, OfTheExitStatusOfARunOfItsOwn)
 {
     class FailingTask : public Task
