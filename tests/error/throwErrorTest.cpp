@@ -6,6 +6,7 @@
 // - again from a static destructor while the process ends: status 1, at once
 // - from a static destructor of a process that ends by itself: status 1
 // - another thread while the process ends: it waits and does not return
+// - another thread that a static destructor waits for: status 1 all the same, no deadlock
 
 #include <gtest/gtest.h>
 
@@ -236,6 +237,17 @@ TEST_F(ThrowError, AnotherThreadWhileTheProcessEnds)
             fail();
         },
         ExitedWithCode(1), "^end;$");
+}
+
+// Neither thread can go on by itself, so the failing one ends the process after a while.
+TEST_F(ThrowError, AnotherThreadThatAStaticDestructorWaitsFor)
+{
+    EXPECT_EXIT(
+        {
+            static const AtDestruction waiting([] { std::thread(fail).join(); });
+            fail();
+        },
+        ExitedWithCode(1), "^$");
 }
 
 }  // namespace

@@ -75,6 +75,7 @@ TEST_F(FlagTest, IsAnAbstractBaseThatCannotBeCopied)
     static_assert(std::is_base_of_v<Flag, FlagT<int>>);
     static_assert(!std::is_copy_constructible_v<FlagT<int>>);
     static_assert(!std::is_copy_assignable_v<FlagT<int>>);
+    static_assert(std::is_nothrow_destructible_v<FlagT<int>>);
 }
 
 TEST_F(FlagTest, KeepsItsName)

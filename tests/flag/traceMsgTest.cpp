@@ -67,6 +67,14 @@ TEST_F(TraceMsgTest, StrategyTypeIsTrace)
     EXPECT_EQ(TraceMsg::STRATEGY_TYPE, "Trace");
 }
 
+// Taken while this program's static objects are initialised.
+const std::string theTypeAtLoad = TraceMsg::STRATEGY_TYPE;
+
+TEST_F(TraceMsgTest, StrategyTypeExistsFromLibraryLoad)
+{
+    EXPECT_EQ(theTypeAtLoad, "Trace");
+}
+
 TEST_F(TraceMsgTest, HasAVirtualDestructor)
 {
     static_assert(std::has_virtual_destructor_v<TraceMsg>);

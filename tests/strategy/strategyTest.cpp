@@ -46,6 +46,7 @@ TEST(Strategy, IsAnAbstractBaseThatCannotBeCopied)
     static_assert(std::has_virtual_destructor_v<Strategy>);
     static_assert(!std::is_copy_constructible_v<ClientStrategy>);
     static_assert(!std::is_copy_assignable_v<ClientStrategy>);
+    static_assert(std::is_nothrow_destructible_v<ClientStrategy>);
 }
 
 TEST(Strategy, FirstOfATypeCreatesTheEntry)
