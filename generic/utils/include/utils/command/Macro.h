@@ -59,7 +59,7 @@ class GENERIC_UTILS_EXPORT Macro : public Command
     bool m_continueOnError;
     bool m_autoDelete;
     std::vector<Command*> m_commands;
-    unsigned long m_currentIndex;
+    unsigned long m_currentIndex = 0;
 };
 
 }  // namespace utils::command

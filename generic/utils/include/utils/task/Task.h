@@ -192,10 +192,10 @@ class GENERIC_UTILS_EXPORT Task : public TaskControl
 
     std::string m_name;
     utils::queue::Queue m_eventQueue;
-    bool m_deleteWhenFinished;
-    std::atomic<State> m_state;
-    std::atomic<osTaskHandle_t> m_osTask;
-    std::atomic<int> m_exitStatus;
+    bool m_deleteWhenFinished = false;
+    std::atomic<State> m_state{NOT_RUNNING};
+    std::atomic<osTaskHandle_t> m_osTask{nullptr};
+    std::atomic<int> m_exitStatus{0};
 
     // Holds the new thread back until start() has finished with the task.
     std::shared_ptr<StartGate> m_startGate;

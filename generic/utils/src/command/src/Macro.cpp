@@ -29,7 +29,7 @@ std::string toText(const std::ostream& target, bool value)
 }  // namespace
 
 Macro::Macro(const std::string& name, bool continueOnError, bool autoDelete)
-    : Command(name), m_continueOnError(continueOnError), m_autoDelete(autoDelete), m_currentIndex(0)
+    : Command(name), m_continueOnError(continueOnError), m_autoDelete(autoDelete)
 {
 }
 

@@ -61,8 +61,8 @@ bool isTermination(const command::Macro& macro)
 // The lines that follow the options' caption in a trace.
 std::string describe(const osTaskOptions_t& options)
 {
-    const auto toPointer = [](std::uintptr_t value)
-    { return reinterpret_cast<const void*>(value); };
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): only printed.
+    const auto toPointer = [](std::uintptr_t value) { return reinterpret_cast<void*>(value); };
     return toText("    Name          = '", options.name, "'",                      //
                   "\n    Priority      = ", options.priority,                      //
                   "\n    Stack size    = ", static_cast<long>(options.stackSize),  //
@@ -77,12 +77,7 @@ std::string describe(const osTaskOptions_t& options)
 }  // namespace
 
 Task::Task(const std::string& name, utils::queue::Queue* queuePtr, unsigned long maxEventQueueSize)
-    : m_name(name),
-      m_eventQueue(name + "-TaskEventQueue", maxEventQueueSize),
-      m_deleteWhenFinished(false),
-      m_state(NOT_RUNNING),
-      m_osTask(nullptr),
-      m_exitStatus(0)
+    : m_name(name), m_eventQueue(name + "-TaskEventQueue", maxEventQueueSize)
 {
     registry().requireUnique(GENERIC_UTILS_HERE, m_name);
     GENERIC_UTILS_TRACE_STEP(1, "Creating task '" << m_name << "'.");
@@ -103,6 +98,8 @@ Task::~Task()
 void Task::cleanUp()
 {
     registry().remove(m_name);
+    // NOLINTNEXTLINE(clang-analyzer-optin.cplusplus.VirtualCall): a derived class that overrides
+    // terminate() calls cleanUp() in its own destructor.
     if (isRunning() && !terminate(true))
     {
         offerTermination();
