@@ -26,11 +26,16 @@ void setAllocationFailing(long numToSucceed)
 
 }  // namespace test
 
-void* operator new(std::size_t size)
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     ++theNumAllocations;
     const bool isFailing = theNumToSucceed >= 0 && theNumToSucceed-- == 0;
-    void* const block = isFailing ? nullptr : std::malloc(size);
+    return isFailing ? nullptr : std::malloc(size);
+}
+
+void* operator new(std::size_t size)
+{
+    void* const block = operator new(size, std::nothrow);
     if (block == nullptr)
     {
         throw std::bad_alloc();

@@ -240,11 +240,11 @@ TEST(QueueCleanUp, MayBeCalledAgain)
 
 TEST(QueueCleanUp, StillForwards)
 {
+    Macro macro("m");
     Queue target("target", 1);
     Queue queue("q", 1);
     queue.startForwardingTo(&target);
     queue.cleanUp();
-    Macro macro("m");
     EXPECT_TRUE(queue.write(&macro, 0));
     EXPECT_EQ(target.size(), 1U);
 }

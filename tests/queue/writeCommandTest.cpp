@@ -125,9 +125,9 @@ TEST(WriteCommand, MovesAMacroThatWritesItselfOn)
 
 TEST(WriteCommand, WritesAgainAfterAReset)
 {
+    Macro other("other");
     Queue queue("q", 2);
     Macro macro("m");
-    Macro other("other");
     macro.add(new WriteCommand(&queue, &other, 0));
     EXPECT_EQ(macro.execute(), 0);
     macro.reset();
@@ -170,8 +170,8 @@ TEST(WriteCommand, FailingBeforeTheEndStopsTheMacroButKeepsIt)
 TEST(WriteCommandTrace, FollowsALifeFromCreationToDestruction)
 {
     StepRecorder recorder;
-    Queue queue("q", 1);
     Macro macro("m");
+    Queue queue("q", 1);
     recorder.setCommandLevel(2);
     recorder.setQueueLevel(2);
 
@@ -199,8 +199,8 @@ TEST(WriteCommandTrace, FollowsALifeFromCreationToDestruction)
 TEST(WriteCommandTrace, IsGovernedByTheFlagOfQueues)
 {
     StepRecorder recorder;
-    Queue queue("q", 1);
     Macro macro("m");
+    Queue queue("q", 1);
     recorder.setCommandLevel(2);
     {
         WriteCommand command(&queue, &macro, 0);
