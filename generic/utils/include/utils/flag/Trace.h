@@ -35,25 +35,37 @@ GENERIC_UTILS_EXPORT bool isInsideFlagConstruction();
 /// Whether the master switch utils::flag::m_enableTraceMsgs is on.
 GENERIC_UTILS_EXPORT bool isTracingEnabled();
 
+/// The flag collection `Collection` as findFlags() knows it; null until it does. Every shared object
+/// remembers for itself, hence reads it without an indirection.
+template <typename Collection>
+[[gnu::visibility("hidden")]] inline std::atomic<Collection*> knownFlags{nullptr};
+
+/// The slow path of findFlags(), kept out of line so that the quick one is inlined.
+template <typename Collection>
+[[gnu::visibility("hidden"), gnu::noinline, gnu::cold]] Collection* createFlags()
+{
+    if (isInsideFlagConstruction())
+    {
+        return nullptr;
+    }
+    Collection* const collection = singleton::SingletonT<Collection>::getInstancePtr();
+    knownFlags<Collection>.store(collection, std::memory_order_release);
+    return collection;
+}
+
 /// The flag collection `Collection`, created on first use. Null only for a strategy that runs
 /// because of a failure inside a flag's constructor, while the collection does not exist: creating
 /// it then would construct the same flags twice.
 template <typename Collection>
-Collection* findFlags()
+[[gnu::visibility("hidden")]] Collection* findFlags()
 {
-    static std::atomic<Collection*> known{nullptr};
-    Collection* collection = known.load(std::memory_order_acquire);
-    if (collection == nullptr && !isInsideFlagConstruction())
-    {
-        collection = singleton::SingletonT<Collection>::getInstancePtr();
-        known.store(collection, std::memory_order_release);
-    }
-    return collection;
+    Collection* const collection = knownFlags<Collection>.load(std::memory_order_acquire);
+    return collection != nullptr ? collection : createFlags<Collection>();
 }
 
 /// The trace level of a collection, or null as for findFlags().
 template <typename Collection>
-const FlagT<int>* findTraceSteps()
+[[gnu::visibility("hidden")]] const FlagT<int>* findTraceSteps()
 {
     const Collection* const collection = findFlags<Collection>();
     return collection == nullptr ? nullptr : &collection->m_traceSteps;
