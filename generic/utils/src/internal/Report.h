@@ -16,10 +16,12 @@ namespace utils::error
 ///     error::report(GENERIC_UTILS_HERE, Error::NULL_PTR, Error::ERROR, "Null pointer (", what,
 ///     ").");
 ///
+/// Kept out of line, so that a report that is seldom made costs its caller no registers.
+///
 /// @return the error as delivered
 template <typename... Words>
-Error report(const SourceLocation& where, const std::string& name, Error::Severity severity,
-             const Words&... words)
+[[gnu::noinline, gnu::cold]] Error report(const SourceLocation& where, const std::string& name,
+                                          Error::Severity severity, const Words&... words)
 {
     Error error(sourceFile(where.file).c_str(), where.line, where.function, name, severity);
     (error.getStream() << ... << words);
@@ -29,8 +31,10 @@ Error report(const SourceLocation& where, const std::string& name, Error::Severi
 
 /// As report(), for misuse: ends the process when the strategies have run.
 template <typename... Words>
-[[noreturn]] void reportFatal(const SourceLocation& where, const std::string& name,
-                              Error::Severity severity, const Words&... words)
+[[noreturn, gnu::noinline, gnu::cold]] void reportFatal(const SourceLocation& where,
+                                                        const std::string& name,
+                                                        Error::Severity severity,
+                                                        const Words&... words)
 {
     report(where, name, severity, words...).throwError();
 }

@@ -5,7 +5,6 @@
 #include <iosfwd>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -119,20 +118,23 @@ class GENERIC_UTILS_EXPORT Queue : public WriteableQueue
     /// @return the queue, or null when there is none, which is reported as warning DOES_NOT_EXIST
     static Queue* getQueuePtr(const std::string& name);
 
-    /// Writes all queues in the byte-wise order of their names, each followed by an empty line.
+    /// Writes all queues in the byte-wise order of their names, each followed by an empty line. A
+    /// queue that is destroyed meanwhile waits until it has been written.
     /// @return `os`
     static std::ostream& outputQueues(std::ostream& os);
 
   private:
     friend class task::Task;
 
+    osQueueHandle_t getOsQueue() const { return m_osQueue.load(std::memory_order_acquire); }
+    void destroyOsQueue();
     bool store(const command::Macro* macroPtr, int waitInMs);
-    std::optional<Queue*> selectTarget(const command::Macro* macroPtr) const;
+    bool selectTarget(const command::Macro* macroPtr, Queue*& target) const;
     std::vector<Queue*> copyQueuesToForwardTo() const;
 
     std::string m_name;
     unsigned long m_maxMacros;
-    osQueueHandle_t m_osQueue;
+    std::atomic<osQueueHandle_t> m_osQueue{nullptr};
     std::vector<Queue*> m_queuesToForwardTo;
     std::atomic<QueueSelectionAlgorithm> m_queueSelectionAlgorithm;
 

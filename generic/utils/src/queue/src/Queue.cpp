@@ -35,22 +35,22 @@ NamedRegistry<Queue>& registry()
     return theRegistry.get();
 }
 
+// Looks at each queue once: how full it is changes under the hands of others.
 Queue* findLeastUtilized(const std::vector<Queue*>& queues)
 {
-    if (queues.empty())
-    {
-        return nullptr;
-    }
-    Queue* best = queues.front();
+    Queue* best = nullptr;
+    unsigned int bestSize = 0;
     for (Queue* const candidate : queues)
     {
-        if (best->size() == 0)
-        {
-            return best;
-        }
-        if (candidate->size() < best->size())
+        const unsigned int size = candidate->size();
+        if (best == nullptr || size < bestSize)
         {
             best = candidate;
+            bestSize = size;
+        }
+        if (bestSize == 0)
+        {
+            break;
         }
     }
     return best;
@@ -68,7 +68,6 @@ std::string toHex(Queue::QueueSelectionAlgorithm algorithm)
 Queue::Queue(const std::string& name, unsigned long maxMacros)
     : m_name(name),
       m_maxMacros(maxMacros),
-      m_osQueue(nullptr),
       m_queueSelectionAlgorithm(&Queue::selectLeastUtilizedQueue),
       m_targets(std::make_unique<ForwardingTargets>())
 {
@@ -76,7 +75,15 @@ Queue::Queue(const std::string& name, unsigned long maxMacros)
     GENERIC_UTILS_TRACE_STEP(
         1, "Creating queue '" << m_name << "' - max. macros = " << m_maxMacros << ".");
     m_osQueue = osQueueCreate(static_cast<std::uint32_t>(m_maxMacros));
-    registry().add(GENERIC_UTILS_HERE, m_name, this);
+    try
+    {
+        registry().add(GENERIC_UTILS_HERE, m_name, this);
+    }
+    catch (...)
+    {
+        destroyOsQueue();
+        throw;
+    }
 }
 
 Queue::~Queue()
@@ -95,12 +102,17 @@ void Queue::cleanUp()
             delete macroPtr;
         }
     }
-    if (m_osQueue != nullptr)
-    {
-        osQueueDestroy(m_osQueue);
-        m_osQueue = nullptr;
-    }
+    destroyOsQueue();
     registry().remove(m_name);
+}
+
+void Queue::destroyOsQueue()
+{
+    osQueueHandle_t const osQueue = m_osQueue.exchange(nullptr);
+    if (osQueue != nullptr)
+    {
+        osQueueDestroy(osQueue);
+    }
 }
 
 bool Queue::write(const command::Macro* macroPtr, int waitInMs)
@@ -116,15 +128,15 @@ bool Queue::write(const command::Macro* macroPtr, int waitInMs)
 
     // Once the macro is in a queue it belongs to its reader: on success nothing of it is touched
     // again, nor of this queue, which the reader may destroy.
-    const std::optional<Queue*> target = selectTarget(macroPtr);
-    if (!target)
+    Queue* target = nullptr;
+    if (m_targets->isEmpty() || !selectTarget(macroPtr, target))
     {
         if (store(macroPtr, waitInMs))
         {
             return true;
         }
     }
-    else if (*target == nullptr)
+    else if (target == nullptr)
     {
         error::report(GENERIC_UTILS_HERE, Error::NULL_PTR, Error::ERROR,
                       "No forwarding queue selected to write macro '", macroPtr->getName(),
@@ -135,8 +147,8 @@ bool Queue::write(const command::Macro* macroPtr, int waitInMs)
     {
         GENERIC_UTILS_TRACE_STEP(1, "Forwarding macro '"
                                         << macroPtr->getName() << "' written to queue '" << m_name
-                                        << "' to queue '" << (*target)->getName() << "'.");
-        if ((*target)->write(macroPtr, waitInMs))
+                                        << "' to queue '" << target->getName() << "'.");
+        if (target->write(macroPtr, waitInMs))
         {
             return true;
         }
@@ -151,41 +163,42 @@ bool Queue::write(const command::Macro* macroPtr, int waitInMs)
 bool Queue::store(const command::Macro* macroPtr, int waitInMs)
 {
     void* const item = const_cast<command::Macro*>(macroPtr);
-    return m_osQueue != nullptr && osQueueWrite(m_osQueue, item, waitInMs) != 0;
+    osQueueHandle_t const osQueue = getOsQueue();
+    return osQueue != nullptr && osQueueWrite(osQueue, item, waitInMs) != 0;
 }
 
-// The queue to forward to (null: none will do), or nothing when this queue does not forward.
-std::optional<Queue*> Queue::selectTarget(const command::Macro* macroPtr) const
+// Selects the queue to forward to (null: none will do). False when this queue does not forward.
+bool Queue::selectTarget(const command::Macro* macroPtr, Queue*& target) const
 {
     using List = ForwardingTargets::List;
 
-    if (m_targets->isEmpty())
-    {
-        return std::nullopt;
-    }
     const QueueSelectionAlgorithm algorithm = m_queueSelectionAlgorithm;
     if (algorithm == &Queue::selectLeastUtilizedQueue)
     {
         // The same without copying the list.
         return m_targets->read(
-            [](const List* queues) -> std::optional<Queue*> {
-                return queues == nullptr ? std::nullopt : std::optional(findLeastUtilized(*queues));
+            [&](const List* queues)
+            {
+                target = queues == nullptr ? nullptr : findLeastUtilized(*queues);
+                return queues != nullptr;
             });
     }
     List queues =
         m_targets->read([](const List* list) { return list == nullptr ? List() : *list; });
     if (queues.empty())
     {
-        return std::nullopt;
+        return false;
     }
-    return algorithm == nullptr ? nullptr : algorithm(macroPtr, std::move(queues));
+    target = algorithm == nullptr ? nullptr : algorithm(macroPtr, std::move(queues));
+    return true;
 }
 
 bool Queue::read(command::Macro*& macroPtr, int waitInMs)
 {
     GENERIC_UTILS_TRACE_STEP(1, "Reading macro from queue '" << m_name << "'.");
+    osQueueHandle_t const osQueue = getOsQueue();
     void* item = nullptr;
-    if (m_osQueue == nullptr || osQueueRead(m_osQueue, item, waitInMs) == 0)
+    if (osQueue == nullptr || osQueueRead(osQueue, item, waitInMs) == 0)
     {
         return false;
     }
@@ -206,12 +219,13 @@ void Queue::startForwardingTo(const Queue* queuePtr)
     unsigned long count = 0;
     {
         const lock::Lock guard(m_targets->getMutex());
-        std::vector<Queue*>& queues = m_queuesToForwardTo;
+        std::vector<Queue*> queues = m_queuesToForwardTo;
         if (std::find(queues.begin(), queues.end(), queuePtr) == queues.end())
         {
             queues.push_back(const_cast<Queue*>(queuePtr));
             m_targets->publish(queues);
-            count = queues.size();
+            m_queuesToForwardTo.swap(queues);
+            count = m_queuesToForwardTo.size();
         }
     }
 
@@ -239,14 +253,15 @@ void Queue::stopForwardingTo(const Queue* queuePtr)
     unsigned long count = 0;
     {
         const lock::Lock guard(m_targets->getMutex());
-        std::vector<Queue*>& queues = m_queuesToForwardTo;
+        std::vector<Queue*> queues = m_queuesToForwardTo;
         const auto found = std::find(queues.begin(), queues.end(), queuePtr);
         if (found != queues.end())
         {
             queues.erase(found);
             m_targets->publish(queues);
+            m_queuesToForwardTo.swap(queues);
             isRemoved = true;
-            count = queues.size();
+            count = m_queuesToForwardTo.size();
         }
     }
 
@@ -286,14 +301,15 @@ std::vector<Queue*> Queue::copyQueuesToForwardTo() const
 
 unsigned int Queue::size() const
 {
-    return m_osQueue == nullptr ? 0 : osQueueSize(m_osQueue);
+    osQueueHandle_t const osQueue = getOsQueue();
+    return osQueue == nullptr ? 0 : osQueueSize(osQueue);
 }
 
 void Queue::output(std::ostream& os) const
 {
     writeLine(os, "Name                = '", m_name, "'");
     writeLine(os, "Max. macros         = ", m_maxMacros);
-    writeLine(os, "Queue handle        = ", m_osQueue);
+    writeLine(os, "Queue handle        = ", getOsQueue());
     writeLine(os, "Queue selection alg.= 0x", toHex(m_queueSelectionAlgorithm));
     os << std::dec;
     writeLine(os, "Queues to forward to:");
