@@ -15,6 +15,7 @@ void* __libc_realloc(void* memory, size_t size);
 void* __libc_memalign(size_t alignment, size_t size);
 void __libc_free(void* memory);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace bench
 {
