@@ -80,6 +80,14 @@ TEST(TaskCollection, FindsNothingByAnEmptyNameOnAnotherThread)
     EXPECT_THAT(recorder.take(), IsEmpty());
 }
 
+TEST(TaskCollection, FindsNothingByAnEmptyNameOnAnotherThreadWhileAnUnnamedTaskExists)
+{
+    StepRecorder recorder;
+    Task unnamed("", nullptr, 5);
+    EXPECT_EQ(Task::getTaskPtr(""), nullptr);
+    EXPECT_THAT(recorder.take(), IsEmpty());
+}
+
 TEST(TaskCollection, TellsTheCallingThreadsName)
 {
     Task task("t", nullptr, 5);

@@ -58,4 +58,11 @@ TEST(TaskExit, ExitFromATasksOwnThread)
     EXPECT_EQ(runProgram("exitFromTask"), 8);
 }
 
+// The misuse decides on the status, although the process was about to end with another.
+TEST(TaskExit, FatalMisuseByATaskWhileTheProcessEndsByItself)
+{
+    const test::ConfigDirectory configuration;
+    EXPECT_EQ(runProgram("fatalMisuseDuringExit"), 1);
+}
+
 }  // namespace

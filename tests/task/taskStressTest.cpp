@@ -126,6 +126,26 @@ TEST(TaskStress, LookUpsWhileTasksDeleteThemselves)
     observer.join();
 }
 
+// Without the wait for an object that is just being written, a listing reads a task or a queue that
+// is gone (seen under AddressSanitizer).
+TEST(TaskStress, ListingsWhileTasksDeleteThemselves)
+{
+    Task steady("steady", nullptr, 5);
+    for (int i = 0; i < NUM_ROUNDS / 2; ++i)
+    {
+        std::latch isDestroyed{1};
+        (new test::FleetingTask("fleeting", isDestroyed))->start(nullptr, nullptr, true);
+        std::ostringstream tasks;
+        Task::outputTasks(tasks);
+        std::ostringstream queues;
+        utils::queue::Queue::outputQueues(queues);
+        isDestroyed.wait();
+        EXPECT_NE(tasks.str().find("Name                = 'steady'\n"), std::string::npos);
+        EXPECT_NE(queues.str().find("Name                = 'steady-TaskEventQueue'\n"),
+                  std::string::npos);
+    }
+}
+
 TEST(TaskStress, StateAndHandleMayBeReadWhileTheTaskLivesAndDies)
 {
     Task task("t", nullptr, 5);

@@ -15,6 +15,15 @@ namespace
 // waiting for, ends the process in their stead.
 constexpr unsigned long LONGEST_TEARDOWN_MS = 5000;
 
+std::atomic<bool> theTeardownHasBegun{false};
+thread_local bool theTeardownIsHere = false;
+
+void noteTeardown()
+{
+    theTeardownIsHere = true;
+    theTeardownHasBegun = true;
+}
+
 }  // namespace
 
 void endProcess()
@@ -29,11 +38,21 @@ void endProcess()
     }
     if (!isEnding.exchange(true))
     {
+        if (theTeardownHasBegun && !theTeardownIsHere)
+        {
+            std::_Exit(EXIT_FAILURE);
+        }
         isEndingHere = true;
         std::exit(EXIT_FAILURE);
     }
     osTaskSleep(nullptr, LONGEST_TEARDOWN_MS);
     std::_Exit(EXIT_FAILURE);
+}
+
+void watchForEndOfProcess()
+{
+    // Registered late, and so called before the destructors of static objects.
+    [[maybe_unused]] static const int isRegistered = std::atexit(&noteTeardown);
 }
 
 }  // namespace utils

@@ -5,6 +5,9 @@
 #include <limits>
 #include <sstream>
 
+#include <utils/lock/Lock.h>
+#include <utils/singleton/NeverDestroyed.h>
+
 #include "internal/NullText.h"
 
 namespace utils
@@ -34,11 +37,20 @@ std::string format(const std::tm& time)
     return std::move(text).str();
 }
 
+// As localtime(), which notices a changed time zone, while localtime_r() does not. The C library has a
+// lock of its own here, which the thread sanitizer cannot see.
+bool toLocalTime(std::time_t calendarTime, std::tm& time)
+{
+    static singleton::NeverDestroyed<COsMutex> mutex;
+    const lock::Lock guard(mutex.get());
+    tzset();
+    return localtime_r(&calendarTime, &time) != nullptr;
+}
+
 std::string toCalendarText(std::time_t calendarTime)
 {
-    tzset();  // localtime() notices a changed time zone, localtime_r() does not
     std::tm time{};
-    if (localtime_r(&calendarTime, &time) == nullptr ||
+    if (!toLocalTime(calendarTime, time) ||
         time.tm_year > std::numeric_limits<int>::max() - FIRST_YEAR)
     {
         return toString(nullptr);

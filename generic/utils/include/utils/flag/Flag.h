@@ -55,7 +55,8 @@ class GENERIC_UTILS_EXPORT Flag
     ///        DOES_NOT_EXIST
     static Flag* getFlagPtr(const std::string& name, bool quiet = false);
 
-    /// Writes all flags in the byte-wise order of their names, each followed by an empty line.
+    /// Writes all flags in the byte-wise order of their names, each followed by an empty line. For
+    /// a time when no other thread constructs or destroys flags.
     static void outputFlags(std::ostream& os);
 
   private:

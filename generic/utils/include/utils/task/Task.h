@@ -152,14 +152,18 @@ class GENERIC_UTILS_EXPORT Task : public TaskControl
     static std::string getMyName();
 
     /// Looks a task up; a miss is not reported.
-    /// @param name an empty name stands for the calling thread's own
+    /// @param name an empty name stands for the name of the calling thread; on a thread that is not
+    ///        a task's the result is then null
     static Task* getTaskPtr(const std::string& name);
 
-    /// Writes all tasks in the byte-wise order of their names, each followed by an empty line.
+    /// Writes all tasks in the byte-wise order of their names, each followed by an empty line. A
+    /// task that deletes itself meanwhile waits until it has been written.
     /// @return `os`
     static std::ostream& outputTasks(std::ostream& os);
 
     const std::string& getName() const { return m_name; }
+
+    /// The task's event queue. It must not be made to forward: the task would not see its macros.
     utils::queue::Queue* getEventQueuePtr() { return &m_eventQueue; }
     State getState() const { return m_state.load(std::memory_order_acquire); }
     void setState(State state) { m_state.store(state, std::memory_order_release); }
@@ -182,7 +186,7 @@ class GENERIC_UTILS_EXPORT Task : public TaskControl
     static int staticGo(void* arg);
 
     osTaskOptions_t makeOptions(const osTaskOptions_t* options, bool deleteWhenFinished);
-    void launch(const osTaskOptions_t& options, void* arg);
+    void launch(const osTaskOptions_t& options, void* arg, StartGate& gate);
     bool isRunning() const { return getState() != NOT_RUNNING; }
     bool isOwnThread() const;
     bool exchangeState(State from, State to);

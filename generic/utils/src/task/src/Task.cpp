@@ -12,6 +12,7 @@
 #include <utils/task/Flags.h>
 #include <utils/task/TerminateTaskMacro.h>
 
+#include "internal/EndProcess.h"
 #include "internal/NamedRegistry.h"
 #include "internal/Report.h"
 #include "internal/TextOutput.h"
@@ -85,7 +86,18 @@ Task::Task(const std::string& name, utils::queue::Queue* queuePtr, unsigned long
     {
         addQueue(queuePtr);
     }
-    registry().add(GENERIC_UTILS_HERE, m_name, this);
+    try
+    {
+        registry().add(GENERIC_UTILS_HERE, m_name, this);
+    }
+    catch (...)
+    {
+        if (queuePtr != nullptr)
+        {
+            queuePtr->stopForwardingTo(&m_eventQueue);
+        }
+        throw;
+    }
 }
 
 Task::~Task()
@@ -147,10 +159,12 @@ bool Task::start(const osTaskOptions_t* options, void* arg, bool deleteWhenFinis
                                                      << describe(completeOptions));
 
     destroyOsTask();
+    const auto gate = std::make_shared<StartGate>();
+    m_startGate = gate;
     m_deleteWhenFinished = deleteWhenFinished;
     m_exitStatus = 0;
     setState(RUNNING);
-    launch(completeOptions, arg);  // afterwards the task may be gone
+    launch(completeOptions, arg, *gate);  // afterwards the task may be gone
     return true;
 }
 
@@ -172,11 +186,10 @@ osTaskOptions_t Task::makeOptions(const osTaskOptions_t* options, bool deleteWhe
     return complete;
 }
 
-void Task::launch(const osTaskOptions_t& options, void* arg)
+void Task::launch(const osTaskOptions_t& options, void* arg, StartGate& gate)
 {
-    const auto gate = std::make_shared<StartGate>();
-    m_startGate = gate;
-    const StartGate::Closed closed(*gate);
+    watchForEndOfProcess();
+    const StartGate::Closed closed(gate);
     m_osTask = osTaskCreate(&Task::staticGo, &options, arg);
 }
 
@@ -418,14 +431,16 @@ void Task::removeQueue(utils::queue::Queue* queuePtr)
 
 std::string Task::getMyName()
 {
-    std::string name = osTaskGetOptions(osTaskSelf()).name;
+    const osTaskOptions_t options = osTaskGetOptions(osTaskSelf());
+    std::string name(options.name, strnlen(options.name, sizeof(options.name)));
     GENERIC_UTILS_TRACE_STEP(1, "My task name is '" << name << "'.");
     return name;
 }
 
 Task* Task::getTaskPtr(const std::string& name)
 {
-    return registry().find(name.empty() ? getMyName() : name);
+    const std::string key = name.empty() ? getMyName() : name;
+    return key.empty() ? nullptr : registry().find(key);
 }
 
 std::ostream& Task::outputTasks(std::ostream& os)
