@@ -25,6 +25,7 @@
 #include <utils/singleton/SingletonT.h>
 #include <utils/stdSingleton.h>
 #include <utils/task/Flags.h>
+#include <utils/xml/Flags.h>
 
 #include "Program.h"
 #include "TemporaryFolder.h"
@@ -61,6 +62,7 @@ std::map<std::string, std::string> allFlags()
     SingletonT<utils::queue::Flags>::getInstancePtr();
     SingletonT<utils::scpi::Flags>::getInstancePtr();
     SingletonT<utils::task::Flags>::getInstancePtr();
+    SingletonT<utils::xml::Flags>::getInstancePtr();
     utils::Std_Singleton<flag::Flag_Flags>::getInstancePtr();
     utils::Std_Singleton<flag::Gs_Flags>::getInstancePtr();
 
@@ -79,7 +81,7 @@ TEST(WorkerPoolFlagsFile, HoldsTheDefaultOfEveryFlag)
     folder.write("generic_flags.txt", "# nothing\n");
     setenv("GENERIC_CONFIG_DIR", folder.getPath().c_str(), 1);
     const std::map<std::string, std::string> defaults = allFlags();
-    ASSERT_GE(defaults.size(), 38u);
+    ASSERT_GE(defaults.size(), 40u);
 
     setenv("GENERIC_CONFIG_DIR", SHIPPED_FOLDER, 1);
     auto* const shipped = SingletonT<utils::flag::InitialValues>::getInstancePtr();

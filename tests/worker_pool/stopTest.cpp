@@ -5,12 +5,11 @@
 // - end it at once the second time
 // - do nothing when the program was started to ignore them
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 
 #include <algorithm>
-#include <regex>
+#include <sstream>
 
 #include "Program.h"
 #include "Table.h"
@@ -20,7 +19,6 @@ using test::Counts;
 using test::Program;
 using test::Table;
 using test::TemporaryFolder;
-using testing::StartsWith;
 
 namespace
 {
@@ -42,14 +40,17 @@ std::size_t fill(const TemporaryFolder& folder)
     return NUMBERS + std::max(NAME, path.size()) + std::string("  worker-01\n").size();
 }
 
-// Says in how many found files there is nothing counted; the test fails when that is not said.
+// How many files the message says were not counted; the test fails when it says anything else.
 std::uint64_t numNotCounted(const std::string& errors, const std::string& beginning)
 {
-    const std::regex pattern(beginning +
-                             "; ([0-9]+) of the files found so far were not counted.\n");
-    std::smatch match;
-    EXPECT_TRUE(std::regex_match(errors, match, pattern)) << errors;
-    return match.empty() ? 0 : std::stoull(match[1]);
+    std::uint64_t number = 0;
+    if (errors.compare(0, beginning.size(), beginning) == 0)
+    {
+        std::istringstream(errors.substr(beginning.size())) >> number;
+    }
+    EXPECT_EQ(errors, beginning + std::to_string(number) +
+                          " of the files found so far were not counted.\n");
+    return number;
 }
 
 // Stops the program in the middle of its work.
@@ -79,12 +80,12 @@ void expectOrderlyEnd(int signal, int status, const std::string& message)
 
 TEST(WorkerPoolStop, CtrlCEndsInOrder)
 {
-    expectOrderlyEnd(SIGINT, 130, "worker_pool: stopped by signal 2 \\(Interrupt\\)");
+    expectOrderlyEnd(SIGINT, 130, "worker_pool: stopped by signal 2 (Interrupt); ");
 }
 
 TEST(WorkerPoolStop, SigtermEndsInOrder)
 {
-    expectOrderlyEnd(SIGTERM, 143, "worker_pool: stopped by signal 15 \\(Terminated\\)");
+    expectOrderlyEnd(SIGTERM, 143, "worker_pool: stopped by signal 15 (Terminated); ");
 }
 
 TEST(WorkerPoolStop, ASecondCtrlCEndsAtOnce)
