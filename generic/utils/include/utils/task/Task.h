@@ -63,7 +63,8 @@ class GENERIC_UTILS_EXPORT Task : public TaskControl
     /// then the process ends with exit status 1.
     /// @param name the event queue is named after it, with "-TaskEventQueue" appended
     /// @param queuePtr a queue to be forwarded into the event queue, as by addQueue(); may be null
-    /// @param maxEventQueueSize capacity of the event queue, in macros
+    /// @param maxEventQueueSize capacity of the event queue, in macros; at least 1, as a task is told
+    ///        to terminate through it
     Task(const std::string& name, utils::queue::Queue* queuePtr, unsigned long maxEventQueueSize);
 
     /// Cleans up, then destroys the event queue.
