@@ -48,7 +48,7 @@ const Collection* findOlderFlags()
 template <typename T>
 const Flag_Flag<T>* findGsFlag(Flag_Flag<T> Gs_Flags::*member)
 {
-    const Gs_Flags* const flags = findOlderFlags<Gs_Flags>();
+    const auto* const flags = findOlderFlags<Gs_Flags>();
     return flags == nullptr ? nullptr : &(flags->*member);
 }
 

@@ -26,7 +26,7 @@ ThreadId currentThread()
 
 bool isAskedFor(const Gs_Subject& subject)
 {
-    const flag::Gs_Flags* const flags = flag::findOlderFlags<flag::Gs_Flags>();
+    const auto* const flags = flag::findOlderFlags<flag::Gs_Flags>();
     return flags != nullptr && readValue(flags->m_enableSubjectName) != 0 &&
            theTracedThread.load(std::memory_order_relaxed) == nullptr &&
            subject.getName().find(flags->m_traceSubjectName()) != std::string::npos;

@@ -43,7 +43,7 @@ Gs_Observer::~Gs_Observer()
         Gs_Subject* const subjectPtr = *m_subjects.begin();
         const unsigned int numBefore = subjectPtr->countAttachments(this);
         subjectPtr->detachFirst(this);
-        const bool isStillKnown = m_subjects.count(subjectPtr) != 0;
+        const bool isStillKnown = m_subjects.contains(subjectPtr);
         if (isStillKnown && subjectPtr->countAttachments(this) == numBefore)
         {
             // The subject refuses, because it is in its destructor, or had no attachment.

@@ -10,7 +10,7 @@ namespace utils::flag
 
 bool isOlderTracingEnabled()
 {
-    const Flag_Flags* const flags = findOlderFlags<Flag_Flags>();
+    const auto* const flags = findOlderFlags<Flag_Flags>();
     return flags != nullptr && readValue(flags->m_traceMsgActive);
 }
 

@@ -22,7 +22,7 @@ constexpr int NO_FULL_HEADERS = -1;
 
 int highestLevelWithFullHeader()
 {
-    const Flag_Flags* const flags = findOlderFlags<Flag_Flags>();
+    const auto* const flags = findOlderFlags<Flag_Flags>();
     return flags == nullptr ? NO_FULL_HEADERS : readValue(flags->m_traceMsgHeaderActive);
 }
 
