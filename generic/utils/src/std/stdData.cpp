@@ -34,8 +34,9 @@ std::string offsetToHex(std::size_t offset)
 std::string hexColumn(std::string_view bytes)
 {
     std::string column;
-    for (const unsigned char byte : bytes)
+    for (const char character : bytes)
     {
+        const auto byte = static_cast<unsigned char>(character);
         column += {HEX_DIGITS[byte / 16], HEX_DIGITS[byte % 16], ' '};
     }
     column += '\0';  // readers of the dump have always got it

@@ -74,8 +74,8 @@ class GENERIC_UTILS_EXPORT Parser
 
     const DocumentForParsing* m_documentPtr;
     std::string_view m_tag;  // in the document's text, from "<" to ">"
-    std::size_t m_offset;
-    std::int32_t m_level;
+    std::size_t m_offset = 0;
+    std::int32_t m_level = 0;
     std::vector<std::string> m_elementNames;
     ElementData m_startData;
     ElementData m_attributeData;

@@ -278,6 +278,7 @@ void Queue::stopForwardingTo(const Queue* queuePtr)
                              << "'. Number of queues to forward to = " << count << ".");
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature of all selection functions
 Queue* Queue::selectLeastUtilizedQueue(const command::Macro*, std::vector<Queue*> queues)
 {
     return findLeastUtilized(queues);

@@ -110,8 +110,8 @@ Task::~Task()
 void Task::cleanUp()
 {
     registry().remove(m_name);
-    // NOLINTNEXTLINE(clang-analyzer-optin.cplusplus.VirtualCall): a derived class that overrides
-    // terminate() calls cleanUp() in its own destructor.
+    // A derived class that overrides terminate() calls cleanUp() in its own destructor.
+    // NOLINTNEXTLINE(clang-analyzer-optin.cplusplus.VirtualCall): for that reason
     if (isRunning() && !terminate(true))
     {
         offerTermination();

@@ -104,8 +104,7 @@ bool getAttributeValue(std::string_view attributes, std::size_t start, std::stri
 
 }  // namespace
 
-Parser::Parser(const DocumentForParsing* documentPtr)
-    : m_documentPtr(documentPtr), m_offset(0), m_level(0)
+Parser::Parser(const DocumentForParsing* documentPtr) : m_documentPtr(documentPtr)
 {
     if (m_documentPtr == nullptr)
     {
