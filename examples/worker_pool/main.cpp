@@ -19,12 +19,57 @@ namespace
 
 using namespace worker_pool;
 
-int explainStop(unsigned long numNotCounted)
+struct Found
 {
-    const int signal = stopSignal();
-    std::cerr << "worker_pool: stopped by signal " << signal << " (" << strsignal(signal) << "); "
-              << numNotCounted << " of the files found so far were not counted.\n";
-    return STOPPED_BY_SIGNAL + signal;
+    unsigned long numFiles = 0;  // and what else is to be reported
+    unsigned long numLinks = 0;  // not followed
+};
+
+// Looks for files, and has the pool count them while it goes on.
+Found findFiles(const Options& options, WorkerPool& pool)
+{
+    Found found;
+    FileWalk walk(
+        options.excludedNames,
+        [&](const std::string& path)
+        {
+            ++found.numFiles;
+            pool.count(path);
+        },
+        [&](const std::string& path, const std::string& problem)
+        {
+            ++found.numFiles;
+            pool.print(path, problem);
+        });
+    for (const std::string& path : options.paths)
+    {
+        walk.walk(path);
+    }
+    found.numLinks = walk.getNumLinks();
+    return found;
+}
+
+// Says what there is to say beside the table. @return the exit status
+int conclude(const Found& found, const Report& report)
+{
+    if (found.numLinks != 0)
+    {
+        std::cerr << "worker_pool: symbolic links inside folders, not followed: " << found.numLinks
+                  << "\n";
+    }
+    if (!std::cout)
+    {
+        std::cerr << "worker_pool: standard output could not be written.\n";
+        return SOME_NOT_COUNTED;
+    }
+    if (const int signal = stopSignal())
+    {
+        std::cerr << "worker_pool: stopped by signal " << signal << " (" << strsignal(signal)
+                  << "); " << found.numFiles - report.getNumFiles() - report.getNumProblems()
+                  << " of the files found so far were not counted.\n";
+        return STOPPED_BY_SIGNAL + signal;
+    }
+    return report.getNumProblems() == 0 ? ALL_COUNTED : SOME_NOT_COUNTED;
 }
 
 int countFiles(const Options& options)
@@ -37,43 +82,12 @@ int countFiles(const Options& options)
         std::cerr << "worker_pool: the system has no thread for one of the tasks.\n";
         return SOME_NOT_COUNTED;
     }
-
-    unsigned long numFound = 0;
-    FileWalk walk(
-        options.excludedNames,
-        [&](const std::string& path)
-        {
-            ++numFound;
-            pool.count(path);
-        },
-        [&](const std::string& path, const std::string& problem)
-        {
-            ++numFound;
-            pool.print(path, problem);
-        });
-    for (const std::string& path : options.paths)
-    {
-        walk.walk(path);
-    }
+    const Found found = findFiles(options, pool);
     pool.finish();
 
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
     report.printSummary(seconds.count());
-    if (walk.getNumLinks() != 0)
-    {
-        std::cerr << "worker_pool: symbolic links inside folders, not followed: "
-                  << walk.getNumLinks() << "\n";
-    }
-    if (!std::cout)
-    {
-        std::cerr << "worker_pool: standard output could not be written.\n";
-        return SOME_NOT_COUNTED;
-    }
-    if (stopSignal() != 0)
-    {
-        return explainStop(numFound - report.getNumFiles() - report.getNumProblems());
-    }
-    return report.getNumProblems() == 0 ? ALL_COUNTED : SOME_NOT_COUNTED;
+    return conclude(found, report);
 }
 
 }  // namespace

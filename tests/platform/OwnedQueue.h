@@ -16,8 +16,8 @@ constexpr int noWait = 0;
 /// A number as an item, and back.
 inline void* toItem(uintptr_t number)
 {
-    return reinterpret_cast<void*>(
-        number);  // NOLINT(performance-no-int-to-ptr): never dereferenced
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): never dereferenced
+    return reinterpret_cast<void*>(number);
 }
 
 inline uintptr_t toNumber(const void* item)

@@ -3,7 +3,8 @@
 //   however the threads wait;
 // - the size is never above the capacity;
 // - what a writer did before it wrote an item is seen by the thread that reads the item;
-// - no wake-up is lost: threads that hand single items back and forth never stall, also when waits
+// - no wake-up is lost: an item, or a place, that comes just when a thread falls asleep is not missed;
+//   threads that hand single items back and forth never stall, also when waits
 //   with a limit end beside those without.
 
 #include <gtest/gtest.h>
@@ -15,6 +16,7 @@
 #include <vector>
 
 #include "OwnedQueue.h"
+#include "Pace.h"
 
 namespace
 {
@@ -22,7 +24,7 @@ namespace
 using test::forever;
 using test::noWait;
 using test::OwnedQueue;
-using test::toItem;
+using test::pace;
 
 constexpr uintptr_t endMark = ~uintptr_t{0};
 constexpr uintptr_t writerShift = 32;
@@ -219,6 +221,70 @@ TEST(QueueStress, HandingOneItemBackAndForthNeverStalls)
         ASSERT_TRUE(there.write(round));
         ASSERT_EQ(back.take(), round);
     }
+}
+
+/// Lets a second thread go through rounds one at a time, each begun by the first thread.
+class Rounds
+{
+  public:
+    explicit Rounds(unsigned count) : m_count(count) {}
+
+    /// The second thread. @param act is called once a round
+    template <typename Act>
+    void follow(const Act& act)
+    {
+        for (unsigned round = 1; round <= m_count; ++round)
+        {
+            await(m_begun, round);
+            act();
+            m_done = round;
+        }
+    }
+
+    /// The first thread. @param act is called in each round, while the other thread acts
+    template <typename Act>
+    void lead(const Act& act)
+    {
+        for (unsigned round = 1; round <= m_count; ++round)
+        {
+            m_begun = round;
+            pace(round);
+            act();
+            await(m_done, round);
+        }
+    }
+
+  private:
+    static void await(const std::atomic<unsigned>& current, unsigned round)
+    {
+        while (current != round)
+        {
+            std::this_thread::yield();
+        }
+    }
+
+    const unsigned m_count;
+    std::atomic<unsigned> m_begun{0};
+    std::atomic<unsigned> m_done{0};
+};
+
+constexpr unsigned fallingAsleepRounds = 20'000;
+
+TEST(QueueStress, AnItemIsNotMissedByAReaderThatFallsAsleep)
+{
+    const OwnedQueue queue(1);
+    Rounds rounds(fallingAsleepRounds);
+    std::jthread reader([&] { rounds.follow([&] { EXPECT_EQ(queue.take(), 1U); }); });
+    rounds.lead([&] { EXPECT_TRUE(queue.write(1)); });
+}
+
+TEST(QueueStress, APlaceIsNotMissedByAWriterThatFallsAsleep)
+{
+    const OwnedQueue queue(1);
+    Rounds rounds(fallingAsleepRounds);
+    ASSERT_TRUE(queue.write(1));
+    std::jthread writer([&] { rounds.follow([&] { EXPECT_TRUE(queue.write(1, forever)); }); });
+    rounds.lead([&] { EXPECT_EQ(queue.take(), 1U); });
 }
 
 TEST(QueueStress, ItemsCirculateAmongThreadsThatMostlySleep)

@@ -18,7 +18,6 @@ namespace
 {
 
 using test::OwnedQueue;
-using test::toItem;
 
 constexpr uint32_t largestCapacity = std::numeric_limits<uint32_t>::max();
 

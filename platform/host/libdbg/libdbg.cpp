@@ -43,20 +43,6 @@ std::string recordHeader()
     return header.append(" ").append(orUnknown(_dbg_function)).append(": ");
 }
 
-void appendFormatted(std::string& text, const char* format, va_list arguments)
-{
-    va_list again;
-    va_copy(again, arguments);
-    const int length = vsnprintf(nullptr, 0, format, arguments);
-    if (length > 0)
-    {
-        const size_t start = text.size();
-        text.resize(start + static_cast<size_t>(length));
-        vsnprintf(text.data() + start, static_cast<size_t>(length) + 1, format, again);
-    }
-    va_end(again);
-}
-
 void writeWhole(const std::string& text)
 {
     size_t done = 0;
@@ -88,10 +74,16 @@ void _dbg_trace(const char* format, ...)
 {
     const int callersErrno = errno;
     std::string record = recordHeader();
+    char* words = nullptr;
     va_list arguments;
     va_start(arguments, format);
-    appendFormatted(record, format, arguments);
+    const bool hasWords = vasprintf(&words, format, arguments) >= 0;
     va_end(arguments);
+    if (hasWords)
+    {
+        record.append(words);
+        free(words);
+    }
     record += '\n';
     writeWhole(record);
     pthread_mutex_unlock(&recordMutex);
