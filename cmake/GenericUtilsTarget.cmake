@@ -25,3 +25,10 @@ function(generic_utils_configure target)
     VISIBILITY_INLINES_HIDDEN ON)
   generic_utils_sanitize(${target})
 endfunction()
+
+# Keeps all symbols of a shared library local but those that a version script of abi/ names.
+function(generic_utils_export_only target map)
+  set(file "${PROJECT_SOURCE_DIR}/abi/${map}")
+  target_link_options(${target} PRIVATE "LINKER:--version-script=${file}")
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${file}")
+endfunction()
