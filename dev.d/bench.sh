@@ -1,7 +1,8 @@
 # ./dev bench
 
 readonly BENCH_PACKAGES=(libbenchmark-dev libtbb-dev libboost-dev libboost-thread-dev
-  libboost-system-dev libspdlog-dev libgoogle-glog-dev libconcurrentqueue-dev python3)
+  libboost-system-dev libspdlog-dev libgoogle-glog-dev libconcurrentqueue-dev
+  libexpat1-dev libxml2-dev libpugixml-dev python3)
 
 ## bench [ARGUMENT...]
 ##     Build the benchmarks, run them (about three minutes) and compare with others: --theme queue,
