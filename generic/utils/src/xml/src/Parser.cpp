@@ -21,12 +21,11 @@ constexpr char RIGHT_DELIMITER = '>';
 constexpr char END_MARKER = '/';
 constexpr char NAME_VALUE_SEPARATOR = '=';
 
+constexpr CharacterSet TAG_DELIMITERS("<>");
 constexpr CharacterSet WHITE_SPACE(" \t\r\n");
-// What ends the name of an element, and what no tag may have inside.
-constexpr CharacterSet ELEMENT_NAME_TERMINATORS(" \t\r\n>/<");
+constexpr CharacterSet ELEMENT_NAME_TERMINATORS(" \t\r\n>/");
 constexpr CharacterSet ATTRIBUTE_NAME_TERMINATORS(" \t\r\n=");
 constexpr CharacterSet VALUE_DELIMITERS("\"'");
-constexpr CharacterSet TERMINATORS_AND_DELIMITERS(" \t\r\n=\"'");
 
 // What is between these is skipped.
 struct Markup
@@ -49,10 +48,8 @@ void warn(const SourceLocation& where, const char* name, const Words&... words)
     error::report(where, name, Error::WARNING, words...);
 }
 
-// @param left of a left delimiter
-const Markup* findSkippedMarkup(std::string_view xml, std::size_t left)
+const Markup* findSkippedMarkup(std::string_view text)
 {
-    const std::string_view text = xml.substr(left);
     for (const Markup* const markup : {&PROCESSING_INSTRUCTION, &COMMENT, &DOCUMENT_TYPE})
     {
         if (text.starts_with(markup->open))
