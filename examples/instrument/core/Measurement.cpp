@@ -1,0 +1,69 @@
+#include "core/Measurement.h"
+
+#include <utility>
+
+#include "core/ScpiError.h"
+#include "core/limits.h"
+
+namespace instrument
+{
+
+Measurement::Measurement(Instrument& instrument, std::function<void()> onFinished)
+    : m_instrument(instrument),
+      m_onFinished(std::move(onFinished)),
+      m_channel(&instrument.getChannels().front()),
+      m_numPoints(limits::DEFAULT_POINTS)
+{
+}
+
+Measurement::~Measurement()
+{
+    abort();
+}
+
+void Measurement::reset()
+{
+    abort();
+    m_acquisition.reset();
+    m_channel = &m_instrument.getChannels().front();
+    m_numPoints = limits::DEFAULT_POINTS;
+    m_isBinary = false;
+}
+
+void Measurement::start()
+{
+    if (isRunning())
+    {
+        throw CommandFailure(ScpiError::INIT_IGNORED);
+    }
+    m_acquisition.reset();
+    auto acquisition = std::make_shared<Acquisition>(m_channel->getConfiguration(),
+                                                     m_channel->getRange(), m_numPoints);
+    acquisition->onFinished = m_onFinished;
+    if (!m_instrument.getPool().acquire(acquisition))
+    {
+        throw CommandFailure(ScpiError::EXECUTION_ERROR);
+    }
+    m_acquisition = std::move(acquisition);
+}
+
+void Measurement::abort()
+{
+    if (isRunning())
+    {
+        m_acquisition->isCancelled = true;
+        m_acquisition->onFinished = nullptr;
+        m_acquisition.reset();
+    }
+}
+
+const Acquisition& Measurement::getResults() const
+{
+    if (!m_acquisition)
+    {
+        throw CommandFailure(ScpiError::DATA_CORRUPT_OR_STALE);
+    }
+    return *m_acquisition;
+}
+
+}  // namespace instrument

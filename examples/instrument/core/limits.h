@@ -1,0 +1,40 @@
+#ifndef INSTRUMENT_CORE_LIMITS_H
+#define INSTRUMENT_CORE_LIMITS_H
+
+#include <cstddef>
+
+/// What the instrument bounds, so that no client can use up more than its share.
+namespace instrument::limits
+{
+
+/// The longest program message (line), in bytes, without its line feed.
+inline constexpr std::size_t MAX_MESSAGE = 64 * 1024;
+
+/// The longest response to one program message, in bytes. The longest single answer, a million
+/// values as text, has 17 million.
+inline constexpr std::size_t MAX_RESPONSE = 20 * 1024 * 1024;
+
+/// How many errors the queue of a client holds.
+inline constexpr std::size_t MAX_ERRORS = 32;
+
+/// How many clients may be connected at the same time.
+inline constexpr std::size_t MAX_CLIENTS = 32;
+
+/// How many acquisitions may be on their way at the same time, those that nobody waits for any more
+/// included.
+inline constexpr unsigned long MAX_ACQUISITIONS = 256;
+
+/// Samples of one acquisition.
+inline constexpr unsigned long MIN_POINTS = 1;
+inline constexpr unsigned long MAX_POINTS = 1'000'000;
+inline constexpr unsigned long DEFAULT_POINTS = 1000;
+
+/// Tasks that acquire.
+inline constexpr unsigned long MAX_POOL_SIZE = 64;
+
+/// The longest time that a channel takes to settle, in milliseconds.
+inline constexpr double MAX_SETTLE_MS = 1000;
+
+}  // namespace instrument::limits
+
+#endif
