@@ -9,20 +9,16 @@ namespace
 constexpr int firstYear = 1900;
 constexpr int firstMonth = 1;
 
-void appendTwoDigits(string& text, int value)
-{
-    text += static_cast<char>('0' + value / 10);
-    text += static_cast<char>('0' + value % 10);
-}
-
-void appendYear(string& text, long year)
+string yearToStr(long year)
 {
     const string digits = to_string(year);
-    if (digits.size() < 4)
-    {
-        text.append(4 - digits.size(), '0');
-    }
-    text += digits;
+    return digits.size() < 4 ? string(4 - digits.size(), '0') + digits : digits;
+}
+
+void setTwoDigits(char* place, int value)
+{
+    place[0] = static_cast<char>('0' + value / 10);
+    place[1] = static_cast<char>('0' + value % 10);
 }
 
 }  // namespace
@@ -35,19 +31,15 @@ string dateTimeToStr(const long& secondsSinceEpoch)
     {
         return to_string(secondsSinceEpoch);
     }
-    string text;
-    text.reserve(sizeof "YYYY-MM-DD HH:MM:SS");
-    appendYear(text, static_cast<long>(local.tm_year) + firstYear);
-    text += '-';
-    appendTwoDigits(text, local.tm_mon + firstMonth);
-    text += '-';
-    appendTwoDigits(text, local.tm_mday);
-    text += ' ';
-    appendTwoDigits(text, local.tm_hour);
-    text += ':';
-    appendTwoDigits(text, local.tm_min);
-    text += ':';
-    appendTwoDigits(text, local.tm_sec);
+    string text = yearToStr(static_cast<long>(local.tm_year) + firstYear);
+    const size_t endOfYear = text.size();
+    text += "-MM-DD HH:MM:SS";
+    char* const rest = text.data() + endOfYear;
+    setTwoDigits(rest + 1, local.tm_mon + firstMonth);
+    setTwoDigits(rest + 4, local.tm_mday);
+    setTwoDigits(rest + 7, local.tm_hour);
+    setTwoDigits(rest + 10, local.tm_min);
+    setTwoDigits(rest + 13, local.tm_sec);
     return text;
 }
 
