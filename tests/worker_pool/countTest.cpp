@@ -12,9 +12,9 @@
 #include <random>
 #include <sstream>
 
-#include "Program.h"
 #include "Table.h"
-#include "TemporaryFolder.h"
+#include "WorkerPoolProgram.h"
+#include "support/TemporaryFolder.h"
 
 using test::Counts;
 using test::runWorkerPool;

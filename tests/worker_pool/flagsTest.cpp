@@ -27,8 +27,8 @@
 #include <utils/task/Flags.h>
 #include <utils/xml/Flags.h>
 
-#include "Program.h"
-#include "TemporaryFolder.h"
+#include "WorkerPoolProgram.h"
+#include "support/TemporaryFolder.h"
 
 using test::runWorkerPool;
 using test::TemporaryFolder;

@@ -9,9 +9,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "Program.h"
 #include "Table.h"
-#include "TemporaryFolder.h"
+#include "WorkerPoolProgram.h"
+#include "support/TemporaryFolder.h"
 
 using test::Counts;
 using test::runWorkerPool;

@@ -18,9 +18,9 @@
 
 #include <filesystem>
 
-#include "Program.h"
 #include "Table.h"
-#include "TemporaryFolder.h"
+#include "WorkerPoolProgram.h"
+#include "support/TemporaryFolder.h"
 
 namespace fs = std::filesystem;
 using test::Counts;

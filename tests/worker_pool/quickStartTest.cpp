@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "Program.h"
+#include "support/Program.h"
 
 TEST(QuickStart, ExecutesAndTracesItsCommands)
 {

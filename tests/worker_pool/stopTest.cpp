@@ -11,9 +11,9 @@
 #include <algorithm>
 #include <sstream>
 
-#include "Program.h"
 #include "Table.h"
-#include "TemporaryFolder.h"
+#include "WorkerPoolProgram.h"
+#include "support/TemporaryFolder.h"
 
 using test::Counts;
 using test::Program;

@@ -1,4 +1,4 @@
-#include "Program.h"
+#include "support/Program.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -240,19 +240,6 @@ Program::Result Program::finish()
 Program::Result run(std::vector<std::string> command, const Program::Setting& setting)
 {
     return Program(std::move(command), setting).finish();
-}
-
-std::vector<std::string> workerPool(const std::vector<std::string>& arguments)
-{
-    std::vector<std::string> command = {WORKER_POOL_PROGRAM};
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    return command;
-}
-
-Program::Result runWorkerPool(const std::vector<std::string>& arguments,
-                              const Program::Setting& setting)
-{
-    return run(workerPool(arguments), setting);
 }
 
 }  // namespace test

@@ -1,5 +1,5 @@
-#ifndef TESTS_WORKER_POOL_PROGRAM_H
-#define TESTS_WORKER_POOL_PROGRAM_H
+#ifndef TESTS_SUPPORT_PROGRAM_H
+#define TESTS_SUPPORT_PROGRAM_H
 
 #include <sys/types.h>
 
@@ -60,13 +60,6 @@ class Program
 
 /// Runs a program to its end.
 Program::Result run(std::vector<std::string> command, const Program::Setting& setting = {});
-
-/// Runs the worker pool to its end.
-Program::Result runWorkerPool(const std::vector<std::string>& arguments,
-                              const Program::Setting& setting = {});
-
-/// The command that starts the worker pool.
-std::vector<std::string> workerPool(const std::vector<std::string>& arguments);
 
 }  // namespace test
 
