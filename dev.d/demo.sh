@@ -14,9 +14,14 @@ run_example()
 
 ## demo [ARGUMENT...]
 ##     Build and run the worker pool example; the arguments are its own (try --help).
+## demo --legacy [COMMAND...]
+##     Build and run the front panel that is made of the older classes (examples/legacy_panel).
 cmd_demo()
 {
     need_packages "to build the examples" \
         "${BUILD_PACKAGES[@]}" "${EXAMPLE_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
-    run_example worker_pool "$@"
+    case ${1:-} in
+        --legacy) run_example legacy_panel "${@:2}" ;;
+        *) run_example worker_pool "$@" ;;
+    esac
 }
