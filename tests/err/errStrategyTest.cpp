@@ -126,6 +126,20 @@ TEST_F(ErrStrategy, DefaultEndsTheProcessThroughTheError)
     EXPECT_EQ(error.m_numExits, 1);
 }
 
+TEST_F(ErrStrategy, DefaultSetsTheLastErrorBeforeItWrites)
+{
+    class Looking : public Err_Error
+    {
+      public:
+        Looking() : Err_Error("file", 7, "function", "Severe", "Looking") {}
+        void output(std::ostream& os) const override { os << osGetLastError(); }
+    };
+    const ClogCapture clog;
+    osSetLastError(0);
+    Looking().notifyStrategies(true);
+    EXPECT_EQ(clog.getText(), "4294967295\n");
+}
+
 TEST_F(ErrStrategy, DefaultCanBeCalledDirectly)
 {
     const ClogCapture clog;

@@ -177,6 +177,22 @@ TEST_F(FlagFlag, EmptyAndBlankTextsFail)
     EXPECT_EQ(text(), "kept");
 }
 
+TEST_F(FlagFlag, NumberThatIsCutOffFails)
+{
+    Flag_Flag<int> number("N", 3);
+    for (const char* const text : {"0x", "0xg", "-", "+", "- 4"})
+    {
+        EXPECT_FALSE(number.setValueStr(text)) << text;
+    }
+    EXPECT_EQ(number(), 3);
+    Flag_Flag<float> real("F", 1.5F);
+    for (const char* const text : {"1e", "2.5e+", ".", "-"})
+    {
+        EXPECT_FALSE(real.setValueStr(text)) << text;
+    }
+    EXPECT_EQ(real(), 1.5F);
+}
+
 // The stream itself hands out the nearest value when a number does not fit, and 0 when there is
 // none.
 TEST_F(FlagFlag, NumberThatDoesNotFitFails)
