@@ -15,6 +15,7 @@
 #include <utils/logexp/Flags.h>
 #include <utils/logexp/LogExp.h>
 
+#include "logexp/LogExpModel.h"
 #include "support/ConfigDirectory.h"
 #include "support/RecordingTraceStrategy.h"
 
@@ -26,117 +27,6 @@ using utils::logexp::LogExp;
 using utils::singleton::SingletonT;
 
 using Table = std::map<std::string, bool>;
-
-class Model
-{
-  public:
-    explicit Model(Table table) : m_table(std::move(table)) {}
-
-    bool evaluate(const std::string& expression)
-    {
-        return expression.empty() ? true : calculate(parse(expression));
-    }
-
-    std::string parse(const std::string& expression)
-    {
-        m_steps.push_back("    parse " + expression);
-        std::string output;
-        std::string pending;
-        for (const char c : expression)
-        {
-            if (c == ' ')
-            {
-                continue;
-            }
-            if (std::string("!&|()^@").find(c) == std::string::npos)
-            {
-                pending += c;
-                continue;
-            }
-            flush(pending, output);
-            output += c;
-        }
-        flush(pending, output);
-        replaceAll(output, "^", "!");
-        replaceAll(output, "@", "&");
-        return output;
-    }
-
-    bool calculate(std::string text)
-    {
-        m_steps.push_back("    calculate " + text);
-        for (;;)
-        {
-            const std::size_t close = text.find(')');
-            if (close == std::string::npos)
-            {
-                return calculateSection(text);
-            }
-            std::size_t open = 0;
-            for (std::size_t i = 0; i < close; ++i)
-            {
-                open = text[i] == '(' ? i : open;
-            }
-            std::string section;
-            for (std::size_t i = open + 1; i < close; ++i)
-            {
-                section += text[i];
-            }
-            text.replace(open, close - open + 1, 1, calculateSection(section) ? '1' : '0');
-        }
-    }
-
-    std::vector<std::string> m_steps;
-
-  private:
-    void flush(std::string& pending, std::string& output)
-    {
-        if (pending.empty())
-        {
-            return;
-        }
-        m_steps.push_back("    getIdValue " + pending);
-        const auto found = m_table.find(pending);
-        const bool value = found == m_table.end() ? false : found->second;
-        m_steps.push_back("      " + pending + (found == m_table.end() ? " not found" : " found"));
-        m_steps.push_back("      " + pending + " = " + (value ? "1" : "0"));
-        output += value ? '1' : '0';
-        pending.clear();
-    }
-
-    bool calculateSection(std::string section)
-    {
-        m_steps.push_back("    calculateSection.0 " + section);
-        replaceAll(section, "!0", "1");
-        replaceAll(section, "!1", "0");
-        bool result = section.at(0) == '1';
-        for (std::size_t i = 1; i + 1 < section.size(); ++i)
-        {
-            if (section[i] == '&' && section[i + 1] == '0')
-            {
-                result = false;
-            }
-            if (section[i] == '|' && section[i + 1] == '1')
-            {
-                result = true;
-            }
-        }
-        m_steps.push_back(std::string("      result = ") + (result ? "1" : "0"));
-        return result;
-    }
-
-    // Always from the start.
-    static void replaceAll(std::string& text, const std::string& what, const std::string& with)
-    {
-        for (std::size_t found = text.find(what); found != std::string::npos;
-             found = text.find(what))
-        {
-            text.replace(found, what.size(), with);
-        }
-    }
-
-    Table m_table;
-};
 
 class LogExpModel : public testing::Test
 {
@@ -196,7 +86,7 @@ class LogExpModel : public testing::Test
     template <typename Subject, typename Reference>
     void compare(const std::string& text, Subject subject, Reference reference)
     {
-        Model model(m_table);
+        test::LogExpModel model(m_table);
         const int expected = valueOf([&] { return reference(model); });
         m_traces.clear();
         ASSERT_EQ(valueOf(subject), expected) << text;
@@ -208,7 +98,7 @@ class LogExpModel : public testing::Test
     {
         compare(
             expression, [&] { return LogExp::evaluate(expression, m_table); },
-            [&](Model& model) { return model.evaluate(expression); });
+            [&](test::LogExpModel& model) { return model.evaluate(expression); });
     }
 
     const test::ConfigDirectory m_emptyConfiguration;
@@ -247,7 +137,7 @@ TEST_F(LogExpModel, IsEqualForAnythingToCalculate)
         const std::string text = makeText("0101!!&|()x", 16);
         ASSERT_NO_FATAL_FAILURE(compare(
             text, [&] { return LogExp::calculate(text); },
-            [&](Model& model) { return model.calculate(text); }));
+            [&](test::LogExpModel& model) { return model.calculate(text); }));
     }
     EXPECT_GT(m_count[0], 2000);
     EXPECT_GT(m_count[1], 1000);

@@ -19,7 +19,7 @@ class ParserModel
     bool parse()
     {
         add("Starting parsing of:\n" + m_text);
-        m_names.push_back("xml_root_node");
+        m_names.emplace_back("xml_root_node");
         while (m_offset < m_text.size())
         {
             if (!getNextTag())

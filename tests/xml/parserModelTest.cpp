@@ -9,67 +9,14 @@
 
 #include <map>
 #include <random>
-#include <sstream>
-
-#include <utils/error/Error.h>
-#include <utils/flag/TraceMsg.h>
-#include <utils/xml/Flags.h>
-#include <utils/xml/Parser.h>
+#include <string>
 
 #include "support/ConfigDirectory.h"
-#include "support/RecordingTraceStrategy.h"
-#include "xml/EventJournal.h"
+#include "xml/ParserJournal.h"
 #include "xml/ParserModel.h"
 
 namespace
 {
-
-using utils::error::Error;
-using utils::flag::TraceMsg;
-using utils::singleton::SingletonT;
-using utils::xml::DocumentForParsing;
-using utils::xml::Flags;
-using utils::xml::Parser;
-
-using Journal = std::vector<std::string>;
-
-class TraceJournal : public utils::strategy::StrategyT<TraceMsg>
-{
-  public:
-    explicit TraceJournal(Journal& journal)
-        : StrategyT("Trace", "TraceJournal", false), m_journal(journal)
-    {
-    }
-    bool isInterested(const TraceMsg&) override { return true; }
-    void processClientObject(TraceMsg& traceMsg) override
-    {
-        std::ostringstream text;
-        traceMsg.output(text);
-        m_journal.push_back(test::RecordingTraceStrategy::withoutHeader(text.str()));
-    }
-
-  private:
-    Journal& m_journal;
-};
-
-class ErrorJournal : public utils::strategy::StrategyT<Error>
-{
-  public:
-    explicit ErrorJournal(Journal& journal)
-        : StrategyT("Error", "ErrorJournal", false), m_journal(journal)
-    {
-    }
-    bool isInterested(const Error&) override { return true; }
-    void processClientObject(Error& error) override
-    {
-        std::ostringstream text;
-        error.output(text);
-        m_journal.push_back(error.getName() + ": " + test::behindTwoLines(text.str()));
-    }
-
-  private:
-    Journal& m_journal;
-};
 
 class XmlModel : public testing::Test
 {
@@ -133,25 +80,15 @@ class XmlModel : public testing::Test
         test::ParserModel model(text);
         const bool expected = model.parse();
 
-        const DocumentForParsing document(text);
-        const test::EventJournal events(
-            document, [this](const std::string& line) { m_journal.push_back(line); });
-        Parser parser(&document);
-        m_journal.clear();
-        SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(2);
-        const bool result = parser.parse();
-        SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(0);
-
+        const bool result = m_journal.parse(text);
         ASSERT_EQ(result, expected) << text;
-        ASSERT_EQ(m_journal, model.m_journal) << text;
+        ASSERT_EQ(m_journal.getLines(), model.m_journal) << text;
         ++m_numResults[result];
     }
 
     const test::ConfigDirectory m_emptyConfiguration;
     std::mt19937 m_random{19980210};
-    Journal m_journal;
-    TraceJournal m_traces{m_journal};
-    ErrorJournal m_errors{m_journal};
+    test::ParserJournal m_journal;
     std::map<bool, int> m_numResults;
 };
 
