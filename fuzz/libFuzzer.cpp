@@ -1,0 +1,12 @@
+// What libFuzzer calls.
+
+#include <cstddef>
+#include <cstdint>
+
+#include "target.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    fuzz::run({reinterpret_cast<const char*>(data), size});
+    return 0;
+}
