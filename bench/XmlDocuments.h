@@ -11,7 +11,7 @@ namespace bench
 enum class XmlKind
 {
     attributes,  // readings, each an empty-element tag with seven attributes, one a line
-    elements,    // the same readings, each with nine small elements in it, one a line
+    elements,    // the same readings, each of nine small elements, one a line
     text,        // sections of paragraphs of some hundred characters, indented
     nested,      // elements in each other, as deep as the size allows
     oneTag       // one element with as many attributes as the size allows

@@ -251,7 +251,7 @@ struct Document
 const Document& getDocument(XmlKind kind, std::int64_t aboutSize)
 {
     static Document document{};
-    const std::size_t size = static_cast<std::size_t>(aboutSize);
+    const auto size = static_cast<std::size_t>(aboutSize);
     if (document.xml.empty() || document.kind != kind || document.size != size)
     {
         document = {kind, size, makeXmlDocument(kind, size), {}};
