@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,8 @@
 
 namespace utils::xml
 {
+
+class PartCopier;
 
 /// Reads an XML text once, from front to back, and raises the events of its document.
 ///
@@ -56,24 +59,24 @@ class GENERIC_UTILS_EXPORT Parser
     bool parse();
 
   private:
-    bool getNextTag(std::string_view& name, std::string_view& attributes, bool& leaf, bool& endTag,
-                    bool& emptyElement);
-    std::size_t findElementTag() const;
-    bool isEndTag() const;
-    bool isEmptyElement() const;
-    bool getElementName(bool endTag, std::string_view& name, std::size_t& nameEnd) const;
-    std::string_view getAttributes(std::size_t nameEnd, bool emptyElement) const;
+    struct Tag;
+
+    bool getNextTag(Tag& tag);
+    std::size_t findLeftDelimiter() const;
+    bool isNameOfInnermost(std::size_t start) const;
+    bool getElementName(std::size_t left, std::size_t start, std::size_t end, Tag& tag) const;
     bool isLeafElement(bool endTag, bool emptyElement);
     bool getLeafValue();
-    bool processNonEndTag(std::string_view name, std::string_view attributes, bool leaf,
-                          bool emptyElement);
-    bool processEndTag(std::string_view name);
+    bool processNonEndTag(const Tag& tag);
+    bool processEndTag(const Tag& tag);
     bool parseAttributesAndNotify(std::string_view attributes);
+    void openElement(std::string_view name);
     void closeElement(std::string_view name);
     const std::string& innermostName() const;
+    const std::string& getXml() const { return m_documentPtr->getXmlString(); }
 
     const DocumentForParsing* m_documentPtr;
-    std::string_view m_tag;  // in the document's text, from "<" to ">"
+    std::string m_tag;  // from "<" to ">"
     std::size_t m_offset = 0;
     std::int32_t m_level = 0;
     std::vector<std::string> m_elementNames;
@@ -81,7 +84,8 @@ class GENERIC_UTILS_EXPORT Parser
     ElementData m_attributeData;
     ElementData m_leafData;
     ElementData m_endData;
-    std::string_view m_text;  // the document's
+    std::size_t m_leafEnd = 0;  // of the last leaf's text; the next tag is not before
+    std::unique_ptr<PartCopier> m_copier;
 };
 
 }  // namespace utils::xml

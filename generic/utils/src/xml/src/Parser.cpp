@@ -1,10 +1,15 @@
 #include <utils/xml/Parser.h>
 
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
 #include <utils/flag/Trace.h>
 #include <utils/xml/Flags.h>
 
 #include "internal/Report.h"
 #include "xml/src/CharacterSet.h"
+#include "xml/src/PartCopier.h"
 
 namespace utils::xml
 {
@@ -21,11 +26,14 @@ constexpr char RIGHT_DELIMITER = '>';
 constexpr char END_MARKER = '/';
 constexpr char NAME_VALUE_SEPARATOR = '=';
 
-constexpr CharacterSet TAG_DELIMITERS("<>");
 constexpr CharacterSet WHITE_SPACE(" \t\r\n");
 constexpr CharacterSet ELEMENT_NAME_TERMINATORS(" \t\r\n>/");
 constexpr CharacterSet ATTRIBUTE_NAME_TERMINATORS(" \t\r\n=");
 constexpr CharacterSet VALUE_DELIMITERS("\"'");
+
+// Where the searches for the end of a name and for what follows it both have to stop.
+constexpr CharacterSet ELEMENT_NAME_STOPS(" \t\r\n>/<");
+constexpr CharacterSet ATTRIBUTE_NAME_STOPS(" \t\r\n=\"'");
 
 // What is between these is skipped.
 struct Markup
@@ -42,10 +50,16 @@ const char* const MALFORMED_ELEMENT = "Malformed Element";
 const char* const MALFORMED_ATTRIBUTE = "Malformed Attribute";
 const char* const TAG_MISMATCH = "Tag Mismatch";
 
+// Takes the words by value, so that no variable needs a place in memory for the sake of a warning.
 template <typename... Words>
-void warn(const SourceLocation& where, const char* name, const Words&... words)
+[[gnu::noinline, gnu::cold]] void warn(SourceLocation where, const char* name, Words... words)
 {
     error::report(where, name, Error::WARNING, words...);
+}
+
+std::string_view partOf(const std::string& xml, std::size_t from, std::size_t to)
+{
+    return {xml.data() + from, to - from};
 }
 
 const Markup* findSkippedMarkup(std::string_view text)
@@ -60,31 +74,76 @@ const Markup* findSkippedMarkup(std::string_view text)
     return nullptr;
 }
 
-// @param end in: where the name before ended, since a value in quotes may be found inside of a name,
-//        and the next name is then what is left of that one; out: where this one ends
-bool getAttributeName(std::string_view attributes, std::size_t start, std::string_view& name,
-                      std::size_t& end)
+// The first left delimiter from a position on that begins no skipped markup.
+[[gnu::noinline]] std::size_t findElementTag(std::string_view xml, std::size_t from)
 {
-    if (end <= start)
+    for (;;)
     {
-        end = ATTRIBUTE_NAME_TERMINATORS.findFirst(attributes, start);
+        const std::size_t left = xml.find(LEFT_DELIMITER, from);
+        if (left == NOT_FOUND)
+        {
+            return NOT_FOUND;
+        }
+        const Markup* const markup = findSkippedMarkup(xml.substr(left));
+        if (markup == nullptr)
+        {
+            return left;
+        }
+        const std::size_t close = xml.find(markup->close, left + markup->open.size());
+        if (close == NOT_FOUND)
+        {
+            return NOT_FOUND;
+        }
+        from = close + 1;
     }
-    if (end == NOT_FOUND || end <= start)
+}
+
+// The right delimiter of a tag, searched from inside; NOT_FOUND also when a left one comes first.
+[[gnu::noinline]] std::size_t findRightDelimiter(std::string_view xml, std::size_t from)
+{
+    const std::size_t right = xml.find(RIGHT_DELIMITER, from);
+    if (right == NOT_FOUND)
+    {
+        return NOT_FOUND;
+    }
+    const bool isLeftFirst = xml.substr(from, right - from).find(LEFT_DELIMITER) != NOT_FOUND;
+    return isLeftFirst ? NOT_FOUND : right;
+}
+
+// Where the next attribute stands in a text of attributes.
+struct AttributePosition
+{
+    std::size_t start = 0;
+    std::size_t nameEnd = 0;
+    std::size_t separator = 0;  // or what stands in its place
+    std::size_t valueFrom = 0;  // no delimiter of a value stands between the start and here
+};
+
+// A value in delimiters may be found inside of a name. The next name is then what is left of that
+// one, and ends where that one did.
+bool getAttributeName(std::string_view attributes, AttributePosition& at, std::string_view& name)
+{
+    at.valueFrom = at.start;
+    if (at.nameEnd <= at.start)
+    {
+        at.valueFrom = ATTRIBUTE_NAME_STOPS.findFirst(attributes, at.start);
+        at.nameEnd = ATTRIBUTE_NAME_TERMINATORS.findFirst(attributes, at.valueFrom);
+    }
+    if (at.nameEnd == NOT_FOUND || at.nameEnd <= at.start)
     {
         warn(GENERIC_UTILS_HERE, MALFORMED_ATTRIBUTE, "No attribute name specified in '",
              attributes, '\n');
         return false;
     }
-    name = attributes.substr(start, end - start);
+    name = {attributes.data() + at.start, at.nameEnd - at.start};
     return true;
 }
 
-// @param start of the attribute, name included
 // @param end position of the closing delimiter
-bool getAttributeValue(std::string_view attributes, std::size_t start, std::string_view name,
+bool getAttributeValue(std::string_view attributes, std::size_t from, std::string_view name,
                        std::string_view& value, std::size_t& end)
 {
-    const std::size_t open = VALUE_DELIMITERS.findFirst(attributes, start);
+    const std::size_t open = VALUE_DELIMITERS.findFirst(attributes, from);
     if (open == NOT_FOUND)
     {
         warn(GENERIC_UTILS_HERE, MALFORMED_ATTRIBUTE,
@@ -98,11 +157,33 @@ bool getAttributeValue(std::string_view attributes, std::size_t start, std::stri
              "Missing proper right value delimiter for attribute '", name, '\n');
         return false;
     }
-    value = attributes.substr(open + 1, end - open - 1);
+    value = {attributes.data() + open + 1, end - open - 1};
     return true;
 }
 
+std::string_view getAttributes(const std::string& xml, std::size_t nameEnd, std::size_t right,
+                               bool emptyElement)
+{
+    const std::size_t start = WHITE_SPACE.findFirstOther(xml, nameEnd);
+    if (start == right || xml[start] == END_MARKER)
+    {
+        return {};
+    }
+    return WHITE_SPACE.trimEnd(partOf(xml, start, right - (emptyElement ? 1 : 0)));
+}
+
 }  // namespace
+
+// What is known of the tag being examined. The texts are parts of the document's.
+struct Parser::Tag
+{
+    std::string_view name;  // empty when there was no further tag
+    std::string_view attributes;
+    bool isLeaf = false;
+    bool isEndTag = false;
+    bool isEmptyElement = false;
+    bool isOfInnermost = false;  // an end tag with the name of the innermost open element
+};
 
 Parser::Parser(const DocumentForParsing* documentPtr) : m_documentPtr(documentPtr)
 {
@@ -111,12 +192,12 @@ Parser::Parser(const DocumentForParsing* documentPtr) : m_documentPtr(documentPt
         error::reportFatal(GENERIC_UTILS_HERE, Error::NULL_PTR, Error::ERROR,
                            "Null pointer (documentPtr) passed to Parser::Parser.");
     }
-    m_text = m_documentPtr->getXmlString();
+    m_copier = std::make_unique<PartCopier>(getXml());
     for (ElementData* const data : {&m_startData, &m_attributeData, &m_leafData, &m_endData})
     {
         data->elementNames = &m_elementNames;
     }
-    GENERIC_UTILS_TRACE_STEP(1, "Creating XML parser to parse:\n" << m_text);
+    GENERIC_UTILS_TRACE_STEP(1, "Creating XML parser to parse:\n" << getXml());
 }
 
 Parser::~Parser()
@@ -124,29 +205,25 @@ Parser::~Parser()
     GENERIC_UTILS_TRACE_STEP(1, "Destroying XML parser.");
 }
 
-bool Parser::parse()
+// All that a tag takes is to become one function: the calls would be a third of the time.
+[[gnu::flatten]] bool Parser::parse()
 {
-    GENERIC_UTILS_TRACE_STEP(1, "Starting parsing of:\n" << m_text);
+    GENERIC_UTILS_TRACE_STEP(1, "Starting parsing of:\n" << getXml());
     m_elementNames.push_back(DocumentForParsing::ROOT_ELEMENT_NAME);
 
-    while (m_offset < m_text.size())
+    while (m_offset < getXml().size())
     {
-        std::string_view name;
-        std::string_view attributes;
-        bool leaf = false;
-        bool endTag = false;
-        bool emptyElement = false;
-        if (!getNextTag(name, attributes, leaf, endTag, emptyElement))
+        Tag tag;
+        if (!getNextTag(tag))
         {
             return false;
         }
-        if (name.empty())
+        if (tag.name.empty())
         {
             break;
         }
-        GENERIC_UTILS_TRACE_STEP(2, "Processing tag '" << name << "'.");
-        if (!(endTag ? processEndTag(name)
-                     : processNonEndTag(name, attributes, leaf, emptyElement)))
+        GENERIC_UTILS_TRACE_STEP(2, "Processing tag '" << tag.name << "'.");
+        if (!(tag.isEndTag ? processEndTag(tag) : processNonEndTag(tag)))
         {
             return false;
         }
@@ -161,104 +238,82 @@ bool Parser::parse()
     return true;
 }
 
-// Finds the next tag of an element and says what it is; without any the name is empty, and the
-// scan at its end.
-bool Parser::getNextTag(std::string_view& name, std::string_view& attributes, bool& leaf,
-                        bool& endTag, bool& emptyElement)
+// Finds the next tag of an element and says what it is; without any the scan is at its end.
+bool Parser::getNextTag(Tag& tag)
 {
-    const std::size_t left = findElementTag();
+    const std::string& xml = getXml();
+    const std::size_t left = findLeftDelimiter();
     if (left == NOT_FOUND)
     {
-        m_offset = m_text.size();
+        m_offset = xml.size();
         return true;
     }
 
-    std::size_t right = TAG_DELIMITERS.findFirst(m_text, left + 1);
-    if (right == NOT_FOUND || m_text[right] != RIGHT_DELIMITER)
+    // The delimiters of tags end white space and names, so the right one is not before their end.
+    tag.isEndTag = xml[left + 1] == END_MARKER;
+    const std::size_t nameStart = WHITE_SPACE.findFirstOther(xml, left + (tag.isEndTag ? 2 : 1));
+    tag.isOfInnermost = tag.isEndTag && isNameOfInnermost(nameStart);
+    const std::size_t nameEnd = tag.isOfInnermost ? nameStart + innermostName().size()
+                                                  : ELEMENT_NAME_STOPS.findFirst(xml, nameStart);
+    const std::size_t right = nameEnd != NOT_FOUND && xml[nameEnd] == RIGHT_DELIMITER
+                                  ? nameEnd
+                                  : findRightDelimiter(xml, nameEnd);
+    if (right == NOT_FOUND)
     {
-        right = m_text.find(RIGHT_DELIMITER, left);
-        const std::size_t size = right == NOT_FOUND ? NOT_FOUND : right + 1 - left;
+        const std::size_t end = xml.find(RIGHT_DELIMITER, left);
+        const std::size_t behind = end == NOT_FOUND ? xml.size() : end + 1;
         warn(GENERIC_UTILS_HERE, MALFORMED_TAG,
              "Can not find right tag delimiter for left tag delimiter\nstarting offset ", left,
-             " ending offset ", right, '\n', m_text.substr(left, size), '\n');
+             " ending offset ", end, '\n', partOf(xml, left, behind), '\n');
         return false;
     }
-    m_tag = m_text.substr(left, right + 1 - left);
+    m_copier->copy(partOf(xml, left, right + 1), m_tag);
     m_offset = right + 1;
+    tag.isEmptyElement = xml[right - 1] == END_MARKER;
 
-    endTag = isEndTag();
-    emptyElement = isEmptyElement();
-    std::size_t nameEnd = 0;
-    if (!getElementName(endTag, name, nameEnd))
+    if (!getElementName(left, nameStart, nameEnd, tag))
     {
         return false;
     }
-    attributes = getAttributes(nameEnd, emptyElement);
-    leaf = isLeafElement(endTag, emptyElement);
+    tag.attributes = right == nameEnd ? std::string_view()
+                                      : getAttributes(xml, nameEnd, right, tag.isEmptyElement);
+    tag.isLeaf = isLeafElement(tag.isEndTag, tag.isEmptyElement);
     GENERIC_UTILS_TRACE_STEP(2, "Found next tag: name = '"
-                                    << name << "', attributes = '" << attributes
-                                    << "', leaf? = " << leaf << ", end tag? = " << endTag
-                                    << ", empty element? = " << emptyElement << ".");
+                                    << tag.name << "', attributes = '" << tag.attributes
+                                    << "', leaf? = " << tag.isLeaf
+                                    << ", end tag? = " << tag.isEndTag
+                                    << ", empty element? = " << tag.isEmptyElement << ".");
     return true;
 }
 
-std::size_t Parser::findElementTag() const
+std::size_t Parser::findLeftDelimiter() const
 {
-    std::size_t from = m_offset;
-    for (;;)
+    const std::string& xml = getXml();
+    const std::size_t from = std::max(m_offset, m_leafEnd);
+    const bool isElementTag =
+        xml[from] == LEFT_DELIMITER && xml[from + 1] != '?' && xml[from + 1] != '!';
+    return isElementTag ? from : findElementTag(xml, from);
+}
+
+bool Parser::isNameOfInnermost(std::size_t start) const
+{
+    const std::string& xml = getXml();
+    const std::string& name = innermostName();
+    return start < xml.size() && xml.size() - start > name.size() &&
+           std::memcmp(xml.data() + start, name.data(), name.size()) == 0 &&
+           ELEMENT_NAME_STOPS.contains(xml[start + name.size()]);
+}
+
+bool Parser::getElementName(std::size_t left, std::size_t start, std::size_t end, Tag& tag) const
+{
+    if (end <= start)
     {
-        const std::size_t left = m_text.find(LEFT_DELIMITER, from);
-        if (left == NOT_FOUND)
-        {
-            return NOT_FOUND;
-        }
-        const Markup* const markup = findSkippedMarkup(m_text.substr(left));
-        if (markup == nullptr)
-        {
-            return left;
-        }
-        const std::size_t close = m_text.find(markup->close, left + markup->open.size());
-        if (close == NOT_FOUND)
-        {
-            return NOT_FOUND;
-        }
-        from = close + 1;
-    }
-}
-
-bool Parser::isEndTag() const
-{
-    return m_tag[1] == END_MARKER;
-}
-
-bool Parser::isEmptyElement() const
-{
-    return m_tag[m_tag.size() - 2] == END_MARKER;
-}
-
-bool Parser::getElementName(bool endTag, std::string_view& name, std::size_t& nameEnd) const
-{
-    const std::size_t start = WHITE_SPACE.findFirstOther(m_tag, endTag ? 2 : 1);
-    nameEnd = ELEMENT_NAME_TERMINATORS.findFirst(m_tag, start);
-    if (nameEnd == NOT_FOUND || nameEnd <= start)
-    {
-        warn(GENERIC_UTILS_HERE, MALFORMED_TAG, "No element name specified in tag '", m_tag,
-             "' in XML document near offset:", start, '\n');
+        warn(GENERIC_UTILS_HERE, MALFORMED_TAG, "No element name specified in tag '",
+             std::string_view(m_tag), "' in XML document near offset:", start - left, '\n');
         return false;
     }
-    name = m_tag.substr(start, nameEnd - start);
+    tag.name = partOf(getXml(), start, end);
     return true;
-}
-
-std::string_view Parser::getAttributes(std::size_t nameEnd, bool emptyElement) const
-{
-    const std::size_t start = WHITE_SPACE.findFirstOther(m_tag, nameEnd);
-    if (m_tag[start] == RIGHT_DELIMITER || m_tag[start] == END_MARKER)
-    {
-        return {};
-    }
-    const std::size_t end = m_tag.size() - (emptyElement ? 2 : 1);
-    return WHITE_SPACE.trimEnd(m_tag.substr(start, end - start));
 }
 
 // Also moves the scan position past white space. With nothing behind it, that is the position of
@@ -269,69 +324,69 @@ bool Parser::isLeafElement(bool endTag, bool emptyElement)
     {
         return emptyElement;
     }
-    m_offset = WHITE_SPACE.findFirstOther(m_text, m_offset);
+    const std::string& xml = getXml();
+    m_offset = WHITE_SPACE.findFirstOther(xml, m_offset);
     if (m_offset == NOT_FOUND)
     {
         return false;
     }
-    if (m_text[m_offset] != LEFT_DELIMITER)
-    {
-        return true;
-    }
-    return m_offset + 1 < m_text.size() && m_text[m_offset + 1] == END_MARKER;
+    return xml[m_offset] != LEFT_DELIMITER || xml[m_offset + 1] == END_MARKER;
 }
 
 bool Parser::getLeafValue()
 {
-    const std::size_t start = WHITE_SPACE.findFirstOther(m_text, m_offset);
-    const std::size_t end = m_text.find(LEFT_DELIMITER, start);
+    const std::string& xml = getXml();
+    const std::size_t start = WHITE_SPACE.findFirstOther(xml, m_offset);
+    const std::size_t end = xml.find(LEFT_DELIMITER, start);
     if (end == NOT_FOUND)
     {
         warn(GENERIC_UTILS_HERE, MALFORMED_ELEMENT, "Can not determine value for leaf element '",
-             innermostName(), '\n');
+             std::string_view(innermostName()), '\n');
         return false;
     }
-    m_leafData.value = WHITE_SPACE.trimEnd(m_text.substr(start, end - start));
+    m_leafEnd = end;
+    m_copier->copy(WHITE_SPACE.trimEnd(partOf(xml, start, end)), m_leafData.value);
     return true;
 }
 
-bool Parser::processNonEndTag(std::string_view name, std::string_view attributes, bool leaf,
-                              bool emptyElement)
+bool Parser::processNonEndTag(const Tag& tag)
 {
-    ++m_level;
-    m_elementNames.emplace_back(name);
+    openElement(tag.name);
     GENERIC_UTILS_TRACE_STEP(2, "Notifying observers of start of element '"
-                                    << name << "'- current level = " << m_level << ".");
+                                    << tag.name << "'- current level = " << m_level << ".");
     m_startData.level = m_level;
-    m_startData.name = name;
+    m_copier->copy(tag.name, m_startData.name);
     m_documentPtr->m_startOfElementEvent.notify(&m_startData);
 
-    if (!attributes.empty() && !parseAttributesAndNotify(attributes))
+    if (!tag.attributes.empty() && !parseAttributesAndNotify(tag.attributes))
     {
         return false;
     }
 
-    m_leafData.value.clear();
-    if (leaf && !emptyElement && !getLeafValue())
+    if (!tag.isLeaf || tag.isEmptyElement)
+    {
+        m_leafData.value.clear();
+    }
+    else if (!getLeafValue())
     {
         return false;
     }
     GENERIC_UTILS_TRACE_STEP(2, "Notifying observers of leaf element '"
-                                    << name << "' with value '" << m_leafData.value
+                                    << tag.name << "' with value '" << m_leafData.value
                                     << "' - current level = " << m_level << ".");
     m_leafData.level = m_level;
-    m_leafData.name = name;
+    m_copier->copy(tag.name, m_leafData.name);
     m_documentPtr->m_leafElementEvent.notify(&m_leafData);
     if (!m_leafData.proceed)
     {
         return false;
     }
 
-    if (emptyElement)
+    if (tag.isEmptyElement)
     {
         GENERIC_UTILS_TRACE_STEP(2, "Notifying observers of end of element '"
-                                        << name << "'- current level = " << m_level << ".");
-        closeElement(name);
+                                        << tag.name << "'- current level = " << m_level << ".");
+        closeElement(tag.name);
     }
     return true;
 }
@@ -339,20 +394,19 @@ bool Parser::processNonEndTag(std::string_view name, std::string_view attributes
 bool Parser::parseAttributesAndNotify(std::string_view attributes)
 {
     GENERIC_UTILS_TRACE_STEP(2, "Parsing '" << attributes << "' for attribute names/values.");
-    std::size_t nameEnd = 0;
-    std::size_t separator = 0;
-    for (std::size_t start = 0; start < attributes.size();)
+    AttributePosition at;
+    while (at.start < attributes.size())
     {
         std::string_view name;
-        if (!getAttributeName(attributes, start, name, nameEnd))
+        if (!getAttributeName(attributes, at, name))
         {
             return false;
         }
-        if (separator < nameEnd)
+        if (at.separator < at.nameEnd)
         {
-            separator = WHITE_SPACE.findFirstOther(attributes, nameEnd);
+            at.separator = WHITE_SPACE.findFirstOther(attributes, at.nameEnd);
         }
-        if (separator == NOT_FOUND || attributes[separator] != NAME_VALUE_SEPARATOR)
+        if (at.separator == NOT_FOUND || attributes[at.separator] != NAME_VALUE_SEPARATOR)
         {
             warn(GENERIC_UTILS_HERE, MALFORMED_ATTRIBUTE,
                  "Missing attribute name/value separator for attribute '", name, '\n');
@@ -360,7 +414,7 @@ bool Parser::parseAttributesAndNotify(std::string_view attributes)
         }
         std::string_view value;
         std::size_t valueEnd = 0;
-        if (!getAttributeValue(attributes, start, name, value, valueEnd))
+        if (!getAttributeValue(attributes, at.valueFrom, name, value, valueEnd))
         {
             return false;
         }
@@ -368,51 +422,56 @@ bool Parser::parseAttributesAndNotify(std::string_view attributes)
                                         << innermostName() << "', attribute name = '" << name
                                         << "', attribute value = '" << value << "'.");
         m_attributeData.level = m_level;
-        m_attributeData.name = name;
-        m_attributeData.value = value;
+        m_copier->copy(name, m_attributeData.name);
+        m_copier->copy(value, m_attributeData.value);
         m_documentPtr->m_attributeEvent.notify(&m_attributeData);
         if (!m_attributeData.proceed)
         {
             return false;
         }
-        start = WHITE_SPACE.findFirstOther(attributes, valueEnd + 1);
+        at.start = WHITE_SPACE.findFirstOther(attributes, valueEnd + 1);
     }
     return true;
 }
 
-bool Parser::processEndTag(std::string_view name)
+bool Parser::processEndTag(const Tag& tag)
 {
     if (m_level <= 0)
     {
-        warn(GENERIC_UTILS_HERE, TAG_MISMATCH, "No beginning tag specified for end tag '", name,
+        warn(GENERIC_UTILS_HERE, TAG_MISMATCH, "No beginning tag specified for end tag '", tag.name,
              '\n');
         return false;
     }
-    const std::string& openName = innermostName();
-    if (name != openName)
+    if (!tag.isOfInnermost)
     {
-        warn(GENERIC_UTILS_HERE, TAG_MISMATCH, "End tag '", name, "' does not match begin tag '",
-             openName, '\n');
+        warn(GENERIC_UTILS_HERE, TAG_MISMATCH, "End tag '", tag.name,
+             "' does not match begin tag '", std::string_view(innermostName()), '\n');
         return false;
     }
     GENERIC_UTILS_TRACE_STEP(2, "Notifying observers of end of element '"
-                                    << name << "'- current level = " << m_level << ".");
-    closeElement(name);
+                                    << tag.name << "'- current level = " << m_level << ".");
+    closeElement(tag.name);
     return true;
 }
 
-const std::string& Parser::innermostName() const
+void Parser::openElement(std::string_view name)
 {
-    return m_elementNames[static_cast<std::size_t>(m_level)];
+    ++m_level;
+    m_copier->append(name, m_elementNames);
 }
 
 void Parser::closeElement(std::string_view name)
 {
     m_endData.level = m_level;
-    m_endData.name = name;
+    m_copier->copy(name, m_endData.name);
     m_documentPtr->m_endOfElementEvent.notify(&m_endData);
     --m_level;
-    m_elementNames.pop_back();
+    m_copier->removeLast(m_elementNames);
+}
+
+const std::string& Parser::innermostName() const
+{
+    return m_elementNames[static_cast<std::size_t>(m_level)];
 }
 
 }  // namespace utils::xml
