@@ -5,16 +5,13 @@
 // - the next message is executed, whatever came before
 // - another client sees nothing of the errors
 
-#include <condition_variable>
-#include <deque>
-#include <functional>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/Instrument.h"
 #include "core/Session.h"
+#include "core/WorkList.h"
 #include "core/flagsFile.h"
 #include "core/limits.h"
 #include "core/readConfiguration.h"
@@ -54,34 +51,6 @@ constexpr std::string_view START = "*RST;*CLS;:INT:STAT \"open\",0;:INT:STAT \"h
 constexpr int MAX_WAITS = 8;
 constexpr std::size_t MAX_ANSWERED = 100'000;
 
-/// Keeps what tasks post until the fuzzer's thread wants it, so that all happens in one order.
-class PatientExecutor : public instrument::Executor
-{
-  public:
-    void post(std::function<void()> work) override
-    {
-        const std::lock_guard guard(m_mutex);
-        m_work.push_back(std::move(work));
-        m_hasWork.notify_one();
-    }
-
-    /// Waits for work, and does it.
-    void runOne()
-    {
-        std::unique_lock lock(m_mutex);
-        m_hasWork.wait(lock, [this] { return !m_work.empty(); });
-        const std::function<void()> work = std::move(m_work.front());
-        m_work.pop_front();
-        lock.unlock();
-        work();
-    }
-
-  private:
-    std::mutex m_mutex;
-    std::condition_variable m_hasWork;
-    std::deque<std::function<void()>> m_work;
-};
-
 // Flags come before anything else of the library.
 instrument::Configuration configure(const test::ConfigDirectory& folder)
 {
@@ -94,8 +63,8 @@ struct Device
     Device() { fuzz::require(instrument.start(), "the device starts"); }
 
     const test::ConfigDirectory folder;
-    PatientExecutor executor;
-    Instrument instrument{configure(folder), executor};
+    instrument::WorkList work;  // done when it is wanted, so that all happens in one order
+    Instrument instrument{configure(folder), work};
 };
 
 /// A client.
@@ -144,7 +113,7 @@ class Client
                     break;
                 case Session::Step::WAITING:
                     ++m_numWaits;
-                    m_device.executor.runOne();
+                    m_device.work.runOne();
                     break;
                 case Session::Step::NEEDS_INPUT:
                     return;
