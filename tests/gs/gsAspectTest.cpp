@@ -2,16 +2,19 @@
 //
 // - name, output
 // - registration: the latest of a name stands there, and destruction leaves it there
+// - the creation of the registry is traced
 // - the default aspect: one object, its name, made on first use
 // - a pointer to the default aspect is usable as any other
 // - the platform's debug trace of construction and destruction, at levels above 1
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <libdbg/libdbg.h>
 
 #include <iomanip>
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <type_traits>
@@ -21,6 +24,7 @@
 #include <utils/gsChangeAspect.h>
 #include <utils/gsSubject.h>
 
+#include "flag_legacy/RecordingOlderTraces.h"
 #include "support/ConfigDirectory.h"
 
 namespace
@@ -100,6 +104,20 @@ TEST_F(GsAspect, DestructionLeavesTheEntry)
     EXPECT_EQ(registry()["Level"], address);
 }
 
+TEST_F(GsAspect, CreationOfTheRegistryIsTraced)
+{
+    m_config.writeValues("Gs_Flags::m_traceSingletonSteps\n1\n");
+    const test::RecordingOlderTraces traces;
+    const Gs_Aspect first("Level");
+    const Gs_Aspect second("Phase");
+    EXPECT_THAT(
+        traces.getTexts(),
+        testing::ElementsAre(
+            "TIME: Constructing Singleton "
+            "(St3mapINSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEEPN5utils9Gs_AspectE"
+            "St4lessIS5_ESaISt4pairIKS5_S8_EEE)\n"));
+}
+
 TEST_F(GsAspect, DefaultAspectIsTheSingleton)
 {
     Gs_Aspect* const aspectPtr = Gs_Subject::m_defaultAspectPtr;
@@ -121,6 +139,12 @@ TEST_F(GsAspect, PointerToTheDefaultAspectIsUsedAsAnyPointer)
 {
     Gs_Aspect other("Other");
     Gs_Aspect* const aspectPtr = Std_Singleton<Gs_ChangeAspect>::getInstancePtr();
+    EXPECT_EQ(Gs_Subject::m_defaultAspectPtr, aspectPtr);
+    EXPECT_EQ(aspectPtr, Gs_Subject::m_defaultAspectPtr);
+    EXPECT_EQ(Gs_Subject::m_defaultAspectPtr, Std_Singleton<Gs_ChangeAspect>::getInstancePtr());
+    EXPECT_NE(Gs_Subject::m_defaultAspectPtr, &other);
+    EXPECT_NE(Gs_Subject::m_defaultAspectPtr, nullptr);
+    EXPECT_EQ(std::set<Gs_Aspect*>{aspectPtr}.count(Gs_Subject::m_defaultAspectPtr), 1U);
     EXPECT_TRUE(Gs_Subject::m_defaultAspectPtr == aspectPtr);
     EXPECT_TRUE(aspectPtr == Gs_Subject::m_defaultAspectPtr);
     EXPECT_TRUE(Gs_Subject::m_defaultAspectPtr != &other);

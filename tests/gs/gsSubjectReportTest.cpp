@@ -3,31 +3,23 @@
 // - null observers and aspects: reported with place and name, then the operation goes on
 // - duplicate and missing attachments, with their places
 // - reports are not recoverable: without a strategy the process ends
-// - calls while the subject is in its destructor, one line each; nothing else happens
-// - destruction inside an operation
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <functional>
-#include <memory>
 #include <string>
 
-#include <utils/flagTraceStrategy.h>
 #include <utils/gsSubject.h>
 
 #include "err/RecordingStrategy.h"
-#include "flag_legacy/RecordingOlderTraces.h"
 #include "gs/Actors.h"
-#include "gs/CoutCapture.h"
 #include "support/ConfigDirectory.h"
 
 namespace
 {
 
 using namespace std::string_literals;
-using test::CoutCapture;
 using test::Observer;
 using test::RecordingErrStrategy;
 using test::Subject;
@@ -228,174 +220,6 @@ TEST_F(GsSubjectReport, ReportEndsTheProcessWithoutAStrategy)
     EXPECT_EXIT(m_subject.detach(&m_observer, &m_level, 1), testing::ExitedWithCode(1),
                 testing::HasSubstr("Subject (mixer) is NOT attached to Observer (panel) with "
                                    "priority (1)."));
-}
-
-// Runs an action while a subject is in its destructor: when the updater of its attachment ends.
-class EndingUpdater : public Gs_Observer
-{
-  public:
-    explicit EndingUpdater(std::function<void()> action) : m_action(std::move(action)) {}
-    ~EndingUpdater() override { m_action(); }
-
-  private:
-    std::function<void()> m_action;
-};
-
-std::string printedInDestructor(const std::function<void(Gs_Subject&)>& action)
-{
-    const CoutCapture cout;
-    Observer observer("o");
-    auto subject = std::make_unique<Subject>("mixer");
-    Subject* const subjectPtr = subject.get();
-    Gs_Aspect aspect("Level");
-    subject->insertObserver(&observer, &aspect, 1, new EndingUpdater([&] { action(*subjectPtr); }));
-    subject.reset();
-    return cout.getText();
-}
-
-TEST_F(GsSubjectReport, CallsInTheDestructorAreRefused)
-{
-    const RecordingErrStrategy errors;
-    Observer observer("o");
-    const std::string text = printedInDestructor(
-        [&](Gs_Subject& subject)
-        {
-            // The virtual operations of a derived class are gone already.
-            subject.notify(&m_level);
-            subject.attach(&observer, &m_level, 1);
-            subject.attach(&observer, &Observer::react, &m_level, 1);
-            subject.detach(&observer, &m_level, 1);
-            subject.detachFirst(&observer);
-            subject.detachAll(&observer);
-            subject.detachAll();
-            subject.insertObserver(&observer, &m_level, 1, nullptr);
-            subject.eraseObserver(&observer, &m_level, 1);
-            EXPECT_FALSE(subject.isObserverAttached(&observer, &m_level, 1));
-        });
-    EXPECT_EQ(
-        text,
-        "************* ERROR: Calling notify() for subject 'N5utils10Gs_SubjectE' when in "
-        "destructor!!!\n"
-        "************* ERROR: Calling attach() for subject 'N5utils10Gs_SubjectE' when in "
-        "destructor!!!\n"
-        "************* ERROR: Calling attach() for subject 'N5utils10Gs_SubjectE' when in "
-        "destructor!!!\n"
-        "************* ERROR: Calling detach() for subject 'N5utils10Gs_SubjectE' when in "
-        "destructor!!!\n"
-        "************* ERROR: Calling detachFirst() for subject 'N5utils10Gs_SubjectE' when in "
-        "destructor!!!\n"
-        "************* ERROR: Calling detachAll() for subject 'N5utils10Gs_SubjectE' when in "
-        "destructor!!!\n"
-        "************* ERROR: Calling detachAll() for subject 'N5utils10Gs_SubjectE' when in "
-        "destructor!!!\n"
-        "************* ERROR: Calling insertObserver() for subject 'N5utils10Gs_SubjectE' when in "
-        "destructor!!!\n"
-        "************* ERROR: Calling eraseObserver() for subject 'N5utils10Gs_SubjectE' when in "
-        "destructor!!!\n"
-        "************* ERROR: Calling isObserverAttached() for subject 'N5utils10Gs_SubjectE' when "
-        "in destructor!!!\n");
-    EXPECT_THAT(errors.getTexts(), IsEmpty());
-    EXPECT_EQ(observer.m_numUpdates, 0);
-}
-
-TEST_F(GsSubjectReport, NullsInTheDestructorAreOnlyRefused)
-{
-    const RecordingErrStrategy errors;
-    EXPECT_EQ(printedInDestructor([](Gs_Subject& subject) { subject.notify(nullptr); }),
-              "************* ERROR: Calling notify() for subject 'N5utils10Gs_SubjectE' when in "
-              "destructor!!!\n");
-    EXPECT_THAT(errors.getTexts(), IsEmpty());
-}
-
-TEST_F(GsSubjectReport, DestructionOutsideOfOperationsPrintsNothing)
-{
-    const CoutCapture cout;
-    {
-        Subject subject("mixer");
-        subject.attach(&m_observer, &m_level, 1);
-        subject.notify(&m_level);
-    }
-    EXPECT_EQ(cout.getText(), "");
-}
-
-TEST_F(GsSubjectReport, DestructionInsideAnUpdateIsPrinted)
-{
-    const CoutCapture cout;
-    auto subject = std::make_unique<Subject>("mixer");
-    Observer observer("o", [&] { subject.reset(); });
-    subject->attach(&observer, &m_level, 1);
-    subject->notify(&m_level);
-    EXPECT_EQ(subject, nullptr);
-    EXPECT_EQ(cout.getText(),
-              "************* ERROR: Calling destructor for subject 'N5utils10Gs_SubjectE' when in "
-              "method notify\n");
-}
-
-// The operation inside has ended, and with it the current method.
-TEST_F(GsSubjectReport, DestructionAfterAnotherOperationInsideAnUpdateIsNotPrinted)
-{
-    const CoutCapture cout;
-    auto subject = std::make_unique<Subject>("mixer");
-    Observer observer("o",
-                      [&]
-                      {
-                          subject->detach(&observer, &m_level, 1);
-                          subject.reset();
-                      });
-    subject->attach(&observer, &m_level, 1);
-    subject->notify(&m_level);
-    EXPECT_EQ(cout.getText(), "");
-}
-
-// Destroys the subject when told of an attachment or a detachment.
-class Destroying : public utils::flag::Flag_TraceStrategy
-{
-  public:
-    Destroying(std::unique_ptr<Subject>& subject, std::string words)
-        : Flag_TraceStrategy("Destroying"), m_subject(subject), m_words(std::move(words))
-    {
-    }
-    bool isInterested(const utils::flag::Flag_TraceMsg&) override { return true; }
-    void processTrace(const utils::flag::Flag_TraceMsg& traceMsg) override
-    {
-        if (traceMsg.getString().find(m_words) != std::string::npos)
-        {
-            m_subject.reset();
-        }
-    }
-
-  private:
-    std::unique_ptr<Subject>& m_subject;
-    std::string m_words;
-};
-
-// The adapter that ends inside eraseObserver() is traced, and that is where the subject ends.
-TEST_F(GsSubjectReport, DestructionInsideErasingIsPrinted)
-{
-    const CoutCapture cout;
-    auto& flags = *utils::Std_Singleton<utils::flag::Gs_Flags>::getInstancePtr();
-    flags.m_traceUpdateSteps.setValue(2);
-    for (const auto& [name, detach] :
-         {std::pair<std::string, std::function<void(Subject&)>>(
-              "detach", [this](Subject& subject) { subject.detach(&m_observer, &m_level, 1); }),
-          {"detachFirst", [this](Subject& subject) { subject.detachFirst(&m_observer); }},
-          {"detachAll", [](Subject& subject) { subject.detachAll(); }},
-          {"detachAllOfOne", [this](Subject& subject) { subject.detachAll(&m_observer); }}})
-    {
-        SCOPED_TRACE(name);
-        auto subject = std::make_unique<Subject>("mixer");
-        Observer other("other");
-        subject->attach(&m_observer, &m_level, 1);
-        subject->attach(&m_observer, &m_phase, 1);
-        subject->attach(&other, &m_phase, 1);
-        const Destroying strategy(subject, "Destructing Gs_UpdateVoid (panel)");
-        detach(*subject);
-        EXPECT_EQ(subject, nullptr);
-    }
-    const std::string line =
-        "************* ERROR: Calling destructor for subject 'N5utils10Gs_SubjectE' when in "
-        "method eraseObserver\n";
-    EXPECT_EQ(cout.getText(), line + line + line + line);
 }
 
 }  // namespace

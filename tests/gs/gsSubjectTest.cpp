@@ -8,13 +8,11 @@
 // - isObserverAttached()
 // - the table operations
 // - copies have no attachments; assignment is ruled out
-// - names by type, in one string; ticks
-// - an adapter's name and output
+// - ticks
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -406,38 +404,6 @@ TEST_F(GsSubject, CannotBeAssigned)
     static_assert(std::is_copy_constructible_v<Gs_Observer>);
 }
 
-class Detector : public Gs_Subject
-{
-};
-class Panel : public Gs_Observer
-{
-};
-
-// Types without linkage have names that begin with "*", which is left out.
-TEST_F(GsSubject, NameIsThatOfTheType)
-{
-    EXPECT_EQ(Gs_Subject().getName(), "N5utils10Gs_SubjectE");
-    EXPECT_EQ(Detector().getName(), "N12_GLOBAL__N_18DetectorE");
-    EXPECT_EQ(Gs_Observer().getName(), "N5utils11Gs_ObserverE");
-    EXPECT_EQ(Panel().getName(), "N12_GLOBAL__N_15PanelE");
-}
-
-TEST_F(GsSubject, NameIsOverwrittenByTheNextCall)
-{
-    const Gs_Subject subject;
-    const Detector detector;
-    const std::string& name = subject.getName();
-    EXPECT_EQ(&detector.getName(), &name);
-    EXPECT_EQ(name, "N12_GLOBAL__N_18DetectorE");
-
-    const Gs_Observer observer;
-    const Panel panel;
-    const std::string& observersName = observer.getName();
-    EXPECT_EQ(&panel.getName(), &observersName);
-    EXPECT_EQ(observersName, "N12_GLOBAL__N_15PanelE");
-    EXPECT_EQ(name, "N12_GLOBAL__N_18DetectorE");
-}
-
 TEST_F(GsSubject, TickIsZeroUnlessOverridden)
 {
     class Clock : public Gs_Subject
@@ -457,27 +423,6 @@ TEST_F(GsSubject, PlainUpdateDoesNothing)
     observer.update();
     m_subject.attach(&observer, &m_level, 1);
     m_subject.notify(&m_level);
-}
-
-TEST_F(GsSubject, AdapterHasTheObserversName)
-{
-    Observer observer("o");
-    const Gs_UpdateVoid<Gs_Observer> adapter(&observer, &Gs_Observer::update);
-    EXPECT_EQ(&adapter.getName(), &observer.getName());
-    std::ostringstream os;
-    os << adapter;
-    EXPECT_EQ(os.str(), "Observer (o)    Subject --none-- ");
-}
-
-TEST_F(GsSubject, AdapterCallsTheFunction)
-{
-    Observer observer("o");
-    Gs_UpdateVoid<Observer> adapter(&observer, &Observer::react);
-    Gs_Observer& base = adapter;
-    base.update();
-    EXPECT_EQ(observer.m_numReactions, 1);
-    EXPECT_EQ(observer.m_numUpdates, 0);
-    static_assert(sizeof(Gs_UpdateVoid<Gs_Observer>) == sizeof(Gs_Observer) + 3 * sizeof(void*));
 }
 
 }  // namespace

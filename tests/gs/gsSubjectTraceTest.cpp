@@ -61,7 +61,7 @@ class GsSubjectTrace : public testing::Test
     const int m_userIsSet = setenv("USER", "marie", 1);
     const test::ConfigDirectory m_config;
     const test::RecordingErrStrategy m_errors;
-    const test::RecordingOlderTraces m_traces;
+    test::RecordingOlderTraces m_traces;
     Gs_Aspect m_level{"Level"};
 };
 
@@ -274,6 +274,33 @@ TEST_F(GsSubjectTrace, SubjectThatEndsDetachesNobody)
         flags().m_traceUpdateSteps.setValue(2);
     }
     EXPECT_THAT(m_traces.getTexts(), ElementsAre("TIME: Destructing Gs_UpdateVoid (panel)\n"));
+}
+
+// The adapter asks an observer for its name whose own type has ended already, and with it the way
+// from that type to a virtual base.
+class Anchor
+{
+  public:
+    virtual ~Anchor() = default;
+    std::string m_text = "anchor";
+};
+class VirtualObserver : public Anchor, public virtual Gs_Observer
+{
+  public:
+    void react() {}
+};
+
+TEST_F(GsSubjectTrace, ObserverThatIsAVirtualBaseDetachesItself)
+{
+    Subject subject("mixer");
+    flags().m_traceUpdateSteps.setValue(2);
+    {
+        VirtualObserver observer;
+        subject.attach(&observer, &VirtualObserver::react, &m_level, 1);
+        m_traces.clear();
+    }
+    EXPECT_THAT(m_traces.getTexts(),
+                ElementsAre("TIME: Destructing Gs_UpdateVoid (N5utils11Gs_ObserverE)\n"));
 }
 
 // One string holds the names of all objects of this class.

@@ -20,6 +20,9 @@ class GENERIC_UTILS_EXPORT Gs_Locks
     Gs_Locks(const Gs_Locks&) = delete;
     Gs_Locks& operator=(const Gs_Locks&) = delete;
 
+    /// The object of Std_Singleton<Gs_Locks>, also when several threads are the first to need it.
+    static Gs_Locks& getShared();
+
     /// Held while a Gs_Singleton creates its instance.
     COsMutex m_singletonMutex;
 

@@ -10,7 +10,6 @@
 #include <utils/gsFlags.h>
 #include <utils/gsLockGuard.h>
 #include <utils/gsLocks.h>
-#include <utils/stdSingleton.h>
 
 namespace utils
 {
@@ -36,7 +35,7 @@ class GENERIC_UTILS_EXPORT Gs_Singleton
         {
             return instancePtr;
         }
-        const Gs_LockGuard guard(Std_Singleton<Gs_Locks>::getInstancePtr()->m_singletonMutex);
+        const Gs_LockGuard guard(Gs_Locks::getShared().m_singletonMutex);
         traceConstruction();
         if (m_theInstancePtr.load(std::memory_order_relaxed) == nullptr)
         {

@@ -35,7 +35,8 @@ namespace utils
 /// while none is registered; otherwise the operation goes on as its description says. While a
 /// subject is being destroyed, its operations only write a line to standard output.
 ///
-/// An update may detach its own attachment, end its observer, attach, and destroy the subject.
+/// An update may detach its own attachment, end its observer, attach, and destroy the subject; so
+/// may a strategy that is told of an operation.
 /// Updates may throw: notify() then passes the exception on, and the subject can be used further.
 ///
 /// Operations are traced with flag Gs_Flags::m_traceSubjectSteps: attaching and detaching at level
@@ -136,21 +137,25 @@ class GENERIC_UTILS_EXPORT Gs_Subject
     using PriorityTable = std::map<unsigned int, std::unique_ptr<AttachmentList>>;
     using AspectTable = std::map<Gs_Aspect*, std::unique_ptr<PriorityTable>>;
 
-    // A running operation: it is the current method until it ends. It lives on the stack, and is
-    // told when the subject is destroyed before it ends.
+    // A running operation: from begin() on it is the current method, until it ends. It lives on the
+    // stack, and is told when the subject is destroyed before it ends: by an update, an updater's
+    // end or a strategy. After each of these, the operation asks before it touches the subject.
     class GENERIC_UTILS_EXPORT Operation
     {
       public:
+        explicit Operation(Gs_Subject& subject);
         Operation(Gs_Subject& subject, const char* name);
         ~Operation();
 
         Operation(const Operation&) = delete;
         Operation& operator=(const Operation&) = delete;
 
+        void begin(const char* name);
         bool isSubjectGone() const { return m_subjectPtr == nullptr; }
 
         Gs_Subject* m_subjectPtr;
         Operation* m_outerPtr;
+        bool m_hasBegun = false;
 
         // The walk of a notification; null when there is none.
         AttachmentList* m_walkedListPtr = nullptr;
@@ -158,8 +163,8 @@ class GENERIC_UTILS_EXPORT Gs_Subject
     };
 
     bool isRefused(const char* operation) const;
-    Gs_Aspect* prepareAttach(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr,
-                             unsigned int priority) const;
+    Gs_Aspect* prepareAttach(const Operation& operation, Gs_Observer* observerPtr,
+                             Gs_Aspect* aspectPtr, unsigned int priority) const;
 
     PriorityTable* findPriorityTable(Gs_Aspect* aspectPtr) const;
     AttachmentList* findList(Gs_Aspect* aspectPtr, unsigned int priority) const;

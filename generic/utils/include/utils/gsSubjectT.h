@@ -21,10 +21,17 @@ void Gs_Subject::attach(T* observerPtr, void (T::*function)(), Gs_Aspect* aspect
         return;
     }
     const Operation operation(*this, "attach");
-    Gs_Aspect* const usedAspectPtr = prepareAttach(observerPtr, aspectPtr, priority);
+    Gs_Aspect* const usedAspectPtr = prepareAttach(operation, observerPtr, aspectPtr, priority);
     auto updaterPtr = std::make_unique<Gs_UpdateVoid<T>>(observerPtr, function);
+    if (operation.isSubjectGone())
+    {
+        return;
+    }
     insertObserver(observerPtr, usedAspectPtr, priority, updaterPtr.get());
-    static_cast<void>(updaterPtr.release());
+    if (!operation.isSubjectGone())
+    {
+        static_cast<void>(updaterPtr.release());
+    }
 }
 
 extern template void Gs_Subject::attach<Gs_Observer>(Gs_Observer*, void (Gs_Observer::*)(),

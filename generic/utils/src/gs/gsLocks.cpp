@@ -5,15 +5,15 @@ namespace utils
 
 template class Std_Singleton<Gs_Locks>;
 
-namespace
-{
-// Made while the library is loaded: Std_Singleton does not stand two first calls at once, and any
-// thread may be the first to need a Gs_Singleton.
-[[maybe_unused]] const Gs_Locks* const theLocksPtr = Std_Singleton<Gs_Locks>::getInstancePtr();
-}  // namespace
-
 Gs_Locks::Gs_Locks() = default;
 
 Gs_Locks::~Gs_Locks() = default;
+
+Gs_Locks& Gs_Locks::getShared()
+{
+    // The compiler sees to it that only one thread makes the first call.
+    static Gs_Locks* const locksPtr = Std_Singleton<Gs_Locks>::getInstancePtr();
+    return *locksPtr;
+}
 
 }  // namespace utils

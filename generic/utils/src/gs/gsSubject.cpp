@@ -113,15 +113,16 @@ void Gs_Subject::notify(Gs_Aspect* aspectPtr)
     {
         return;
     }
+    Operation operation(*this);
     if (aspectPtr == nullptr)
     {
         reportNull(at(NOTIFY_NULL_ASPECT_LINE, "notify"), "aspectPtr");
     }
-    if (m_aspectTable == nullptr)
+    if (operation.isSubjectGone() || m_aspectTable == nullptr)
     {
         return;
     }
-    Operation operation(*this, "notify");
+    operation.begin("notify");
     PriorityTable* const tablePtr = findPriorityTable(aspectPtr);
     if (tablePtr == nullptr)
     {
@@ -181,17 +182,20 @@ void Gs_Subject::attach(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr, unsigned
 }
 
 // Returns the aspect to use.
-Gs_Aspect* Gs_Subject::prepareAttach(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr,
-                                     unsigned int priority) const
+Gs_Aspect* Gs_Subject::prepareAttach(const Operation& operation, Gs_Observer* observerPtr,
+                                     Gs_Aspect* aspectPtr, unsigned int priority) const
 {
     Gs_Aspect* const usedAspectPtr = aspectPtr != nullptr ? aspectPtr : m_defaultAspectPtr;
     if (observerPtr == nullptr)
     {
         reportNull(attachAt(ATTACH_NULL_OBSERVER_LINE), "observerPtr");
     }
-    GENERIC_UTILS_OLDER_TRACE_AT(
-        attachAt(ATTACH_LINE), traceSteps(), 1,
-        "Attaching " << describe(*this, observerPtr, usedAspectPtr, priority));
+    if (!operation.isSubjectGone())
+    {
+        GENERIC_UTILS_OLDER_TRACE_AT(
+            attachAt(ATTACH_LINE), traceSteps(), 1,
+            "Attaching " << describe(*this, observerPtr, usedAspectPtr, priority));
+    }
     return usedAspectPtr;
 }
 
@@ -210,9 +214,16 @@ void Gs_Subject::detach(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr, unsigned
     {
         reportNull(at(DETACH_NULL_ASPECT_LINE, "detach"), "aspectPtr");
     }
-    GENERIC_UTILS_OLDER_TRACE_AT(at(DETACH_LINE, "detach"), traceSteps(), 1,
-                                 "Detaching " << describe(*this, observerPtr, aspectPtr, priority));
-    eraseObserver(observerPtr, aspectPtr, priority);
+    if (!operation.isSubjectGone())
+    {
+        GENERIC_UTILS_OLDER_TRACE_AT(
+            at(DETACH_LINE, "detach"), traceSteps(), 1,
+            "Detaching " << describe(*this, observerPtr, aspectPtr, priority));
+    }
+    if (!operation.isSubjectGone())
+    {
+        eraseObserver(observerPtr, aspectPtr, priority);
+    }
 }
 
 void Gs_Subject::detachFirst(Gs_Observer* observerPtr)

@@ -34,20 +34,34 @@ void reportAttachment(const SourceLocation& where, const Gs_Subject& subject,
 
 }  // namespace
 
-Gs_Subject::Operation::Operation(Gs_Subject& subject, const char* name)
+Gs_Subject::Operation::Operation(Gs_Subject& subject)
     : m_subjectPtr(&subject), m_outerPtr(subject.m_operationPtr)
 {
-    subject.m_currentMethod = name;
     subject.m_operationPtr = this;
+}
+
+Gs_Subject::Operation::Operation(Gs_Subject& subject, const char* name) : Operation(subject)
+{
+    begin(name);
 }
 
 Gs_Subject::Operation::~Operation()
 {
-    if (m_subjectPtr != nullptr)
+    if (isSubjectGone())
+    {
+        return;
+    }
+    m_subjectPtr->m_operationPtr = m_outerPtr;
+    if (m_hasBegun)
     {
         m_subjectPtr->m_currentMethod.clear();
-        m_subjectPtr->m_operationPtr = m_outerPtr;
     }
+}
+
+void Gs_Subject::Operation::begin(const char* name)
+{
+    m_subjectPtr->m_currentMethod = name;
+    m_hasBegun = true;
 }
 
 bool Gs_Subject::isObserverAttached(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr,
@@ -76,6 +90,10 @@ void Gs_Subject::insertObserver(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr,
     {
         reportAttachment<err::Gs_AttachAlreadyExistsError>(
             {SOURCE_FILE, ATTACHED_ALREADY_LINE, "insertObserver"}, *this, observerPtr, priority);
+    }
+    if (operation.isSubjectGone())
+    {
+        return;
     }
     AttachmentList added;
     added.push_back({observerPtr, nullptr});
