@@ -3,7 +3,8 @@
 # The presets configure the tests and the examples together, so both are needed to build either.
 readonly BUILD_PACKAGES=(g++ cmake ninja-build)
 readonly EXAMPLE_PACKAGES=(libboost-dev libcli11-dev libfmt-dev)
-readonly TEST_PACKAGES=(libgtest-dev libgmock-dev pkg-config python3-pyelftools)
+readonly TEST_PACKAGES=(libgtest-dev libgmock-dev pkg-config python3-pyelftools python3-pytest
+  python3-pyvisa python3-pyvisa-py)
 
 # The packages among those given that are not installed, one a line.
 missing_packages()

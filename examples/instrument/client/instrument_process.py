@@ -1,5 +1,6 @@
 """Starts the instrument's program, and stops it in order."""
 
+import os
 import pathlib
 import re
 import shutil
@@ -45,16 +46,16 @@ class InstrumentProcess:
         line = self._process.stdout.readline()
         found = re.fullmatch(r"instrument: listening on 127\.0\.0\.1:(\d+)\n", line)
         if not found:
-            self.kill()
-            raise RuntimeError(f"unexpected start: {line!r} {self.traces()!r}")
+            problem = f"unexpected start: {line!r} {self.traces()!r}"
+            self.close()
+            raise RuntimeError(problem)
         return int(found[1])
 
     def __enter__(self):
         return self
 
     def __exit__(self, *_):
-        self.kill()
-        self._folder.cleanup()
+        self.close()
 
     def set_flag(self, name, value):
         """Changes the flags' file, which the program reads on SYSTem:FLAGs:RELoad."""
@@ -71,17 +72,35 @@ class InstrumentProcess:
     def signal(self, number=signal.SIGTERM):
         self._process.send_signal(number)
 
+    @property
+    def status(self):
+        """The exit status, -N after signal N; None while the program runs."""
+        return self._process.poll()
+
     def wait(self):
         """Waits for the end of the program, and returns its exit status."""
         return self._process.wait(STOP_SECONDS)
+
+    def wait_until_not_caught(self, number):
+        """Waits until the program has left a signal to the system, or has ended."""
+        while self.status is None:
+            caught = re.search(r"SigCgt:\s*([0-9a-f]+)", self._proc_status())
+            if caught and not int(caught[1], 16) >> (number - 1) & 1:
+                return
+            os.sched_yield()
+
+    def _proc_status(self):
+        return pathlib.Path(f"/proc/{self._process.pid}/status").read_text()
 
     def stop(self):
         """Has the program end in order, and returns its exit status."""
         self.signal()
         return self.wait()
 
-    def kill(self):
+    def close(self):
+        """Ends the program at once, when it still runs, and removes its folder."""
         if self._process.poll() is None:
             self._process.kill()
-        self._process.wait()
+            self._process.wait()
         self._process.stdout.close()
+        self._folder.cleanup()
