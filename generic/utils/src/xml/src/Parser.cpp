@@ -27,7 +27,6 @@ constexpr char END_MARKER = '/';
 constexpr char NAME_VALUE_SEPARATOR = '=';
 
 constexpr CharacterSet WHITE_SPACE(" \t\r\n");
-constexpr CharacterSet ELEMENT_NAME_TERMINATORS(" \t\r\n>/");
 constexpr CharacterSet ATTRIBUTE_NAME_TERMINATORS(" \t\r\n=");
 constexpr CharacterSet VALUE_DELIMITERS("\"'");
 
