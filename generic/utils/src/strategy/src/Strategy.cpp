@@ -1,5 +1,6 @@
 #include <utils/strategy/Strategy.h>
 
+#include <memory>
 #include <ostream>
 
 #include "internal/TextOutput.h"
@@ -25,12 +26,14 @@ Registry& registry()
 
 CollectionInfo& findOrCreate(const std::string& type)
 {
-    CollectionInfo*& info = registry()[type];
-    if (info == nullptr)
+    const auto found = registry().find(type);
+    if (found != registry().end())
     {
-        info = new CollectionInfo;
+        return *found->second;
     }
-    return *info;
+    auto info = std::make_unique<CollectionInfo>();
+    registry().emplace(type, info.get());
+    return *info.release();
 }
 
 void outputType(std::ostream& os, const std::string& type, const CollectionInfo& info)
