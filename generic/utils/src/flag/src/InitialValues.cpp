@@ -23,11 +23,14 @@ namespace
 // The line that the report of an unreadable file has always named.
 constexpr int READ_ERROR_LINE = 183;
 
-std::string filePath()
+// The file is opened while the platform's object lives, which may be what keeps the directory there.
+// @param path receives where the file is
+std::ifstream openFile(std::string& path)
 {
     const std::unique_ptr<const libdir::DirectoryPaths> paths(
         libdir::DirectoryPathsFactory::create());
-    return paths->getGenericConfigurationDirectory() + "/generic_flags.txt";
+    path = paths->getGenericConfigurationDirectory() + "/generic_flags.txt";
+    return std::ifstream(path);
 }
 
 void trim(std::string& line)
@@ -75,8 +78,8 @@ InitialValues::~InitialValues() = default;
 
 void InitialValues::redoInitialValuesCollection()
 {
-    const std::string path = filePath();
-    std::ifstream file(path);
+    std::string path;
+    std::ifstream file = openFile(path);
     readPairs(file);
     if (!file.eof())
     {
