@@ -1,9 +1,10 @@
 // Macros as containers of commands:
 // - flags default to off; size counts the commands, and null never enters;
 // - a bad index yields null and a report;
-// - the macro owns its commands and deletes them in order;
+// - the macro owns its commands and deletes them in order, those added meanwhile included;
 // - output writes the settings, the position and every command;
-// - reset resets every command in order, then begins at the first one.
+// - reset resets every command in order, those added meanwhile included, then begins at the first
+//   one.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -101,6 +102,51 @@ TEST(Macro, DeletesItsCommandsInOrder)
     EXPECT_THAT(journal, ElementsAre("delete a", "delete b", "delete c"));
 }
 
+// Adds another command to its macro, often enough for the macro's list to move, when it is reset
+// and when it is deleted.
+class ProlificCommand : public JournalCommand
+{
+  public:
+    ProlificCommand(Macro& macro, Journal& journal, int numToCome)
+        : JournalCommand(std::to_string(numToCome), journal),
+          m_macro(macro),
+          m_journal(journal),
+          m_numToCome(numToCome)
+    {
+    }
+    ~ProlificCommand() override { addNext(); }
+    void myReset() override
+    {
+        JournalCommand::myReset();
+        addNext();
+    }
+
+  private:
+    void addNext()
+    {
+        if (m_numToCome > 0)
+        {
+            m_macro.add(new ProlificCommand(m_macro, m_journal, m_numToCome - 1));
+            m_numToCome = 0;
+        }
+    }
+
+    Macro& m_macro;
+    Journal& m_journal;
+    int m_numToCome;
+};
+
+// A walk that is not by index goes on in freed memory: AddressSanitizer reports it.
+TEST(Macro, DeletesCommandsAddedByTheDestructorsOfOthers)
+{
+    Journal journal;
+    {
+        Macro macro("m");
+        macro.add(new ProlificCommand(macro, journal, 3));
+    }
+    EXPECT_THAT(journal, ElementsAre("delete 3", "delete 2", "delete 1", "delete 0"));
+}
+
 TEST(Macro, DeletesCommandsOfNestedMacros)
 {
     Journal journal;
@@ -194,6 +240,20 @@ TEST(Macro, ResetResetsEveryCommandInOrderAndBeginsAgain)
 
     macro.execute();
     EXPECT_THAT(journal, ElementsAre("run a", "run b"));
+}
+
+TEST(Macro, ResetReachesCommandsAddedByTheResetOfOthers)
+{
+    Journal journal;
+    Macro macro("m");
+    macro.add(new ProlificCommand(macro, journal, 3));
+    macro.reset();
+    EXPECT_THAT(journal, ElementsAre("reset 3", "reset 2", "reset 1", "reset 0"));
+    EXPECT_EQ(macro.size(), 4U);
+    journal.clear();
+
+    macro.execute();
+    EXPECT_THAT(journal, ElementsAre("run 3", "run 2", "run 1", "run 0"));
 }
 
 TEST(Macro, ResetReachesNestedMacros)

@@ -35,10 +35,11 @@ Macro::Macro(const std::string& name, bool continueOnError, bool autoDelete)
 
 Macro::~Macro()
 {
-    for (Command*& commandPtr : m_commands)
+    // By index, because a command's destructor may look at the macro, or even add a command to it.
+    for (unsigned long index = 0; index < size(); ++index)
     {
-        delete commandPtr;
-        commandPtr = nullptr;
+        delete m_commands[index];
+        m_commands[index] = nullptr;
     }
 }
 
@@ -139,9 +140,10 @@ int Macro::myExecute()
 
 void Macro::myReset()
 {
-    for (Command* const commandPtr : m_commands)
+    // By index, because a command that is reset may add commands to the macro.
+    for (unsigned long index = 0; index < size(); ++index)
     {
-        commandPtr->reset();
+        m_commands[index]->reset();
     }
     m_currentIndex = 0;
 }
