@@ -4,15 +4,19 @@
 // - a task that deletes itself, terminated with and without waiting;
 // - a task that deletes itself before start has returned;
 // - a task that is destroyed during its thread's last lines;
-// - a macro that another thread runs and deletes while execute is still returning.
+// - a macro that another thread runs and deletes while execute is still returning;
+// - a strategy that throws when the terminate macro is the task's already.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <barrier>
 #include <latch>
 #include <memory>
+#include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "support/Listeners.h"
 #include "support/SelfDeletingTask.h"
@@ -217,6 +221,24 @@ TEST(TaskTermination, AMacroThatMovedOnIsNotTouchedWhileTraced)
     recorder.setLevel(2);
     moveMacrosTo(task, NUM_ROUNDS / 10);
     recorder.setLevel(0);
+}
+
+// Deleted twice, it is traced twice, and AddressSanitizer reports it.
+TEST(TaskTermination, OfWhichAStrategyThrowsLeavesTheMacroToTheTask)
+{
+    StepRecorder recorder;
+    const test::TraceListener failing("Executed command 'WriteCommand'",
+                                      [] { throw std::runtime_error("cannot"); });
+    Task task("t", nullptr, 5);
+    task.start(nullptr, nullptr, false);
+    recorder.setCommandLevel(1);
+    EXPECT_THROW(task.terminate(false), std::runtime_error);
+    EXPECT_EQ(osTaskJoin(task.getOsTaskPtr()), 0);
+    recorder.setLevel(0);
+    const std::vector<std::string> steps = recorder.take();
+    EXPECT_EQ(std::count(steps.begin(), steps.end(),
+                         "1 Command/~Command: Destroying command 'TerminateTaskMacro'."),
+              1);
 }
 
 }  // namespace

@@ -283,9 +283,12 @@ bool Task::terminate(bool waitForTermination)
     }
 
     const bool deletesItself = m_deleteWhenFinished;
-    auto macro = std::make_unique<TerminateTaskMacro>(&m_eventQueue);
-    if (macro->execute() != 0)
+    // Not in a smart pointer: when a strategy that is told of the last steps throws, the macro is the
+    // task's already.
+    auto* const macroPtr = new TerminateTaskMacro(&m_eventQueue);
+    if (macroPtr->execute() != 0)
     {
+        const std::unique_ptr<TerminateTaskMacro> unwritten(macroPtr);
         if (!exchangeState(WAITING_TO_TERMINATE, RUNNING) && !isRunning())
         {
             return true;
@@ -295,8 +298,7 @@ bool Task::terminate(bool waitForTermination)
         return false;
     }
 
-    // The macro is the task's from here on, and so is a task that deletes itself.
-    macro.release();
+    // From here on the macro is the task's, and a task that deletes itself may be gone.
     if (waitForTermination && !deletesItself && isRunning())
     {
         int exitStatus = 0;
