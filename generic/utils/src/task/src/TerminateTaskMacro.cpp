@@ -1,5 +1,7 @@
 #include <utils/task/TerminateTaskMacro.h>
 
+#include <memory>
+
 #include <utils/command/NoOpCommand.h>
 #include <utils/flag/Trace.h>
 #include <utils/queue/WriteCommand.h>
@@ -9,6 +11,18 @@
 
 namespace utils::task
 {
+
+namespace
+{
+
+// The command is the macro's once it has been added, and does not leak when it could not be.
+void addTo(command::Macro& macro, std::unique_ptr<command::Command> commandPtr)
+{
+    macro.add(commandPtr.get());
+    commandPtr.release();
+}
+
+}  // namespace
 
 TerminateTaskMacro::TerminateTaskMacro(utils::queue::Queue* taskEventQueuePtr)
     : Macro("TerminateTaskMacro", true, true), m_taskEventQueuePtr(taskEventQueuePtr)
@@ -21,8 +35,8 @@ TerminateTaskMacro::TerminateTaskMacro(utils::queue::Queue* taskEventQueuePtr)
     }
     GENERIC_UTILS_TRACE_STEP(1, "Creating a Terminate Task Macro with queue '"
                                     << m_taskEventQueuePtr->getName() << "'.");
-    add(new utils::queue::WriteCommand(m_taskEventQueuePtr, this, 0));
-    add(new command::NoOpCommand);
+    addTo(*this, std::make_unique<utils::queue::WriteCommand>(m_taskEventQueuePtr, this, 0));
+    addTo(*this, std::make_unique<command::NoOpCommand>());
 }
 
 TerminateTaskMacro::~TerminateTaskMacro()
