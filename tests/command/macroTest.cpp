@@ -2,7 +2,7 @@
 // - flags default to off; size counts the commands, and null never enters;
 // - a bad index yields null and a report;
 // - the macro owns its commands and deletes them in order, those added meanwhile included;
-// - output writes the settings, the position and every command;
+// - output writes the settings, the position and every command, and flushes each line;
 // - reset resets every command in order, those added meanwhile included, then begins at the first
 //   one.
 
@@ -13,6 +13,7 @@
 #include <sstream>
 
 #include "support/Commands.h"
+#include "support/FlushedPieces.h"
 #include "support/StepRecorder.h"
 #include "utils/command/NoOpCommand.h"
 
@@ -175,6 +176,17 @@ TEST(Macro, OutputWritesSettingsPositionAndCommands)
               "Constituent commands:\n"
               "Name = 'a'\n"
               "Name = 'NoOpCommand'\n");
+}
+
+TEST(Macro, OutputFlushesEachLine)
+{
+    Macro macro("m");
+    macro.add(new NoOpCommand);
+    test::FlushedPieces os;
+    macro.output(os.getStream());
+    EXPECT_THAT(os.getPieces(), ElementsAre("Name = 'm'\n", "Continue on error? = 0\n",
+                                            "Auto delete? = 0\n", "Current index = 0\n",
+                                            "Constituent commands:\n", "Name = 'NoOpCommand'\n"));
 }
 
 TEST(Macro, OutputOfAnEmptyAutoDeleteMacro)

@@ -8,7 +8,7 @@
 // - look-up: found; a quiet miss; a miss reported as warning, with its whole text
 // - listing: the banner, then the flags in byte-wise order, each followed by an empty line
 // - output of each type of flag; the stream operator calls the virtual output; formatting of the
-//   target stream is neither used nor changed
+//   target stream is neither used nor changed; each line is flushed
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,6 +28,7 @@
 
 #include "support/ClogCapture.h"
 #include "support/ConfigDirectory.h"
+#include "support/FlushedPieces.h"
 #include "support/RecordingErrorStrategy.h"
 
 namespace
@@ -268,6 +269,15 @@ TEST_F(FlagTest, ListingShowsCurrentValues)
               "Name  = 'a'\n"
               "Value = -4\n"
               "\n");
+}
+
+TEST_F(FlagTest, ListingFlushesEachLine)
+{
+    const FlagT<int> flag("a", 3);
+    test::FlushedPieces os;
+    Flag::outputFlags(os.getStream());
+    EXPECT_THAT(os.getPieces(),
+                ElementsAre("*** Current flags are:\n", "Name  = 'a'\n", "Value = 3\n", "\n"));
 }
 
 TEST_F(FlagTest, ListingIgnoresAndKeepsTheFormatOfTheStream)

@@ -1,7 +1,7 @@
 // Queues as named objects:
 // - construction, accessors and the collection: look-up, listing in the order of names, removal;
 // - a name that is taken is fatal, and the first queue stays;
-// - output;
+// - output, a line flushed each;
 // - cleanUp: which macros are deleted, twice, and every operation afterwards.
 
 #include <gmock/gmock.h>
@@ -15,6 +15,7 @@
 
 #include "support/Commands.h"
 #include "support/FatalTest.h"
+#include "support/FlushedPieces.h"
 #include "support/StepRecorder.h"
 #include "utils/queue/Queue.h"
 
@@ -157,6 +158,22 @@ TEST(QueueOutput, WritesSettingsAndTheQueuesForwardedTo)
                                        "    second\n"
                                        "    first\n"));
     EXPECT_THAT(os.str(), HasSubstr("alg.= 0x" + toHex(&selectNone) + "\n"));
+}
+
+TEST(QueueOutput, FlushesEachLine)
+{
+    const Queue target("target", 1);
+    Queue queue("q", 1);
+    queue.startForwardingTo(&target);
+    queue.cleanUp();
+    queue.setQueueSelectionAlgorithm(&selectNone);
+    test::FlushedPieces os;
+    queue.output(os.getStream());
+    EXPECT_THAT(os.getPieces(),
+                ElementsAre("Name                = 'q'\n", "Max. macros         = 1\n",
+                            "Queue handle        = 0\n",
+                            "Queue selection alg.= 0x" + toHex(&selectNone) + "\n",
+                            "Queues to forward to:\n", "    target\n"));
 }
 
 TEST(QueueOutput, ShowsTheDefaultSelection)

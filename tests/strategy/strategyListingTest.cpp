@@ -4,8 +4,10 @@
 // - listing: banner; per type in byte-wise order a headline, the default or "None", an empty line,
 //   the listed strategies each followed by an empty line, and a closing line; "... Done."
 // - a type that has become empty is still listed
+// - each line is flushed
 // - formatting of the target stream is neither used nor changed
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <iomanip>
@@ -14,6 +16,7 @@
 #include <string>
 
 #include "strategy/Client.h"
+#include "support/FlushedPieces.h"
 
 namespace
 {
@@ -159,6 +162,22 @@ TEST(StrategyListing, ShowsTheDefaultThroughItsVirtualOutput)
                              "\n"
                              ".. end of V\n"),
               std::string::npos);
+}
+
+TEST(StrategyListing, FlushesEachLine)
+{
+    const ClientStrategy listed("listed", false, "A");
+    test::FlushedPieces os;
+    Strategy::outputStrategyTypes(os.getStream());
+    EXPECT_THAT(
+        os.getPieces(),
+        testing::ElementsAre(
+            "*** Current strategies are:\n", "---------------- A ...\n", "Default strategy: \n",
+            "None\n", "\n", "Type = 'A'\n", "Name = 'listed'\n", "\n", ".. end of A\n",
+            "---------------- Error ...\n", "Default strategy: \n", "Type = 'Error'\n",
+            "Name = 'Default Error Strategy'\n", "\n", ".. end of Error\n",
+            "---------------- Trace ...\n", "Default strategy: \n", "Type = 'Trace'\n",
+            "Name = 'Default Trace Message Strategy'\n", "\n", ".. end of Trace\n", "... Done.\n"));
 }
 
 TEST(StrategyListing, IgnoresAndKeepsTheFormatOfTheStream)

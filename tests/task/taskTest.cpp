@@ -1,14 +1,17 @@
-// Tasks that were not started:
+// Tasks that are not running:
 // - what is there after construction; the event queue and its name; the error names;
-// - output;
+// - output, a line flushed each, whatever the format of the stream;
 // - what is refused while the task is not running, with its report.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <iomanip>
+#include <ios>
 #include <sstream>
 #include <type_traits>
 
+#include "support/FlushedPieces.h"
 #include "support/StepRecorder.h"
 #include "utils/task/Task.h"
 
@@ -88,6 +91,45 @@ TEST(Task, OutputWritesWhatThereIsToKnow)
               "State               = 0\n"
               "OS Task Pointer     = 0\n"
               "Exit Status         = 0\n");
+}
+
+TEST(Task, OutputFlushesEachLine)
+{
+    const Task task("t", nullptr, 5);
+    test::FlushedPieces os;
+    task.output(os.getStream());
+    EXPECT_THAT(
+        os.getPieces(),
+        ElementsAre("Name                = 't'\n", "Event Queue         = 't-TaskEventQueue'\n",
+                    "State               = 0\n", "OS Task Pointer     = 0\n",
+                    "Exit Status         = 0\n"));
+}
+
+TEST(Task, OutputIgnoresAndKeepsTheFormatOfTheStream)
+{
+    class FailingTask : public Task
+    {
+      public:
+        FailingTask() : Task("t", nullptr, 5) {}
+        ~FailingTask() override { cleanUp(); }
+        int run(void*) override { return 255; }
+    };
+
+    FailingTask task;
+    task.start(nullptr, nullptr, false);
+    osTaskJoin(task.getOsTaskPtr());
+    task.cleanUp();
+    std::ostringstream os;
+    os << std::hex << std::setfill('*') << std::setw(40) << task;
+    EXPECT_EQ(os.str(),
+              "Name                = 't'\n"
+              "Event Queue         = 't-TaskEventQueue'\n"
+              "State               = 0\n"
+              "OS Task Pointer     = 0\n"
+              "Exit Status         = 255\n");
+    EXPECT_EQ(os.width(), 40);
+    EXPECT_EQ(os.fill(), '*');
+    EXPECT_EQ(os.flags() & std::ios_base::basefield, std::ios_base::hex);
 }
 
 TEST(Task, StreamOperatorCallsTheVirtualOutput)
