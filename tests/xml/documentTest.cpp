@@ -5,7 +5,7 @@
 // - the events can be registered on through a constant document
 // - neither is copyable; both have virtual destructors
 // - a null document ends the process
-// - a parser parses once; a second call finds nothing further
+// - a parser parses once; a second call appends the root again and finds nothing further
 // - several parsers for one document, one after the other
 // - the start values of an element's record
 
@@ -19,6 +19,7 @@ namespace
 {
 
 using testing::ElementsAre;
+using testing::SizeIs;
 using utils::xml::DocumentForParsing;
 using utils::xml::ElementData;
 using utils::xml::Parser;
@@ -83,6 +84,32 @@ TEST_F(XmlParser, FindsNothingFurtherInASecondCall)
     EXPECT_TRUE(parser.parse());
     EXPECT_TRUE(parser.parse());
     EXPECT_THAT(paths, ElementsAre("a"));
+}
+
+TEST_F(XmlParser, AppendsTheRootAgainInASecondCall)
+{
+    const DocumentForParsing document("<a/>");
+    const std::vector<std::string>* names = nullptr;
+    test::ElementNotifier notifier([&](ElementData& data) { names = data.elementNames; });
+    document.m_endOfElementEvent.registerInterest(&notifier, 1);
+    Parser parser(&document);
+    EXPECT_TRUE(parser.parse());
+    ASSERT_NE(names, nullptr);
+    EXPECT_THAT(*names, ElementsAre("xml_root_node"));
+    EXPECT_TRUE(parser.parse());
+    EXPECT_THAT(*names, ElementsAre("xml_root_node", "xml_root_node"));
+}
+
+TEST_F(XmlParser, MissesTheSameEndTagInASecondCall)
+{
+    const DocumentForParsing document("<a><b/>");
+    Parser parser(&document);
+    EXPECT_FALSE(parser.parse());
+    m_errors.clear();
+    EXPECT_FALSE(parser.parse());
+    ASSERT_THAT(m_errors.getReports(), SizeIs(1));
+    EXPECT_EQ(m_errors.getReports().front().getWords(),
+              "Missing one or more end tags in XML document near offset:7");
 }
 
 TEST_F(XmlParser, OfOneDocumentMayBeSeveral)

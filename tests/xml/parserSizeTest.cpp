@@ -4,6 +4,8 @@
 // - a million attributes in one tag
 // - 64 million "<": one report, with the whole text in it
 // - long names, values, comments; many comments; much white space
+// - comments, instructions and document types that are never closed, after many elements
+// - megabytes of NUL and of bytes that are no UTF-8
 // - much white space behind a name with many delimiters
 
 #include <gmock/gmock.h>
@@ -112,6 +114,31 @@ TEST_F(XmlSize, CommentsLongAndMany)
     EXPECT_TRUE(parseOnly("<a>" + repeat("<!--<b>-->", MILLION) + "</a>"));
     EXPECT_TRUE(parseOnly("<!--" + repeat("--", MILLION) + "<a/>"));
     EXPECT_TRUE(parseOnly(repeat("<?", MILLION)));
+}
+
+TEST_F(XmlSize, MarkupThatIsNeverClosed)
+{
+    const std::string elements = repeat("<a/>", MILLION);
+    for (const char* const open : {"<!--", "<?", "<!DOCTYPE"})
+    {
+        m_numEvents = 0;
+        EXPECT_TRUE(parseOnly(elements + repeat(std::string(open) + "<a/", MILLION)));
+        EXPECT_EQ(m_numEvents, MILLION);
+    }
+    EXPECT_THAT(m_errors.getReports(), IsEmpty());
+}
+
+TEST_F(XmlSize, AnyBytes)
+{
+    for (const char byte : {'\0', '\x80', '\xFF'})
+    {
+        m_numEvents = 0;
+        const std::string bytes(10 * MILLION, byte);
+        EXPECT_TRUE(parseOnly(bytes + "<" + bytes + " " + bytes + "='" + bytes + "'>" + bytes +
+                              "</" + bytes + ">" + bytes));
+        EXPECT_EQ(m_numEvents, 2U);
+    }
+    EXPECT_THAT(m_errors.getReports(), IsEmpty());
 }
 
 TEST_F(XmlSize, MuchWhiteSpace)
