@@ -1,7 +1,8 @@
 #include <utils/logexp/LogExp.h>
 
+#include <algorithm>
+#include <array>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include <utils/flag/Trace.h>
@@ -18,9 +19,22 @@ char toDigit(bool value)
     return value ? '1' : '0';
 }
 
-bool isOperatorOrParenthesis(char character)
+constexpr char BLANK = ' ';
+
+constexpr std::array<bool, 256> IS_OF_IDENTIFIER = []
 {
-    return std::string_view("!&|()^@").find(character) != std::string_view::npos;
+    std::array<bool, 256> table{};
+    table.fill(true);
+    for (const char character : {BLANK, '!', '&', '|', '(', ')', '^', '@'})
+    {
+        table[static_cast<unsigned char>(character)] = false;
+    }
+    return table;
+}();
+
+bool isOfIdentifier(char character)
+{
+    return IS_OF_IDENTIFIER[static_cast<unsigned char>(character)];
 }
 
 char toMainSpelling(char character)
@@ -36,41 +50,125 @@ char toMainSpelling(char character)
     }
 }
 
-// Replaces every "!" that stands before the digit, together with the digit. No replacement makes
-// another one possible, so one pass does.
-void replaceNegated(std::string& section, char digit, char replacement)
+/// The value of a section without parentheses, which is taken character by character.
+///
+/// By rule every "!0" becomes 1, then every "!1" becomes 0, once each, and what is left is folded:
+/// from left to right, "&" and "|" alike. So a 0 uses up to two "!" before it and a 1 uses one. A
+/// digit with yet another "!" before it is not the operand of what stands there.
+class Section
 {
-    std::size_t size = 0;
-    for (const char character : section)
+  public:
+    void take(char character)
     {
-        if (character == digit && size > 0 && section[size - 1] == '!')
+        switch (character)
         {
-            section[size - 1] = replacement;
-        }
-        else
-        {
-            section[size++] = character;
+            case '!':
+                ++m_numNots;
+                break;
+            case '0':
+                takeDigit(m_numNots == 1, m_numNots > 2);
+                break;
+            case '1':
+                takeDigit(m_numNots == 0, m_numNots > 1);
+                break;
+            default:
+                takeOperator(character);
+                break;
         }
     }
-    section.resize(size);
+
+    bool getValue() const { return m_value; }
+
+  private:
+    void takeDigit(bool value, bool isBehindNot)
+    {
+        const bool counts = m_isFirst || m_operator == (value ? '|' : '&');
+        m_value = counts && !isBehindNot ? value : m_value;
+        next('\0');
+    }
+
+    // The first character is no operator, whatever it is.
+    void takeOperator(char character) { next(m_isFirst && m_numNots == 0 ? '\0' : character); }
+
+    void next(char operatorBefore)
+    {
+        m_operator = operatorBefore;
+        m_numNots = 0;
+        m_isFirst = false;
+    }
+
+    bool m_value = false;
+    bool m_isFirst = true;
+    char m_operator = '\0';
+    std::size_t m_numNots = 0;
+};
+
+bool fold(std::string_view text)
+{
+    Section section;
+    section.take(text.at(0));
+    for (const char character : text.substr(1))
+    {
+        section.take(character);
+    }
+    return section.getValue();
 }
 
-// From left to right, "&" and "|" alike.
-bool fold(const std::string& section)
+/// The values of identifiers in a table, where those that come again are found sooner.
+class Values
 {
-    bool result = section.at(0) == '1';
-    for (std::size_t i = 1; i + 1 < section.size(); ++i)
+  public:
+    using Table = std::map<std::string, bool>;
+
+    explicit Values(const Table& table) : m_table(table) {}
+
+    bool get(const std::string& identifier)
     {
-        const char operand = section[i + 1];
-        if (section[i] == '&' && operand == '0')
+        if (flag::isTraced(flag::findTraceSteps<Flags>(), 2))
         {
-            result = false;
+            return LogExp::getIdValue(identifier, m_table);
         }
-        else if (section[i] == '|' && operand == '1')
+        const Table::value_type*& knownPtr = m_knownPtrs[placeOf(identifier)];
+        if (knownPtr == nullptr || knownPtr->first != identifier)
         {
-            result = true;
+            const auto found = m_table.find(identifier);
+            if (found == m_table.end())
+            {
+                return false;
+            }
+            knownPtr = &*found;
         }
+        return knownPtr->second;
     }
+
+  private:
+    static constexpr std::size_t NUM_PLACES = 64;
+
+    // Cheap; where two identifiers share a place, they only take turns.
+    static std::size_t placeOf(const std::string& identifier)
+    {
+        const auto at = [&](std::size_t i) { return static_cast<unsigned char>(identifier[i]); };
+        const std::size_t size = identifier.size();
+        return (at(0) + 3U * at(size / 2) + 5U * at(size - 1) + 7U * size) % NUM_PLACES;
+    }
+
+    const Table& m_table;
+    std::array<const Table::value_type*, NUM_PLACES> m_knownPtrs{};
+};
+
+// All steps of a section are traced in the name of the public operation.
+constexpr SourceLocation inSection(int line)
+{
+    return {__FILE__, line, "calculateSection"};
+}
+
+bool calculate(std::string_view section, int sectionNumber)
+{
+    GENERIC_UTILS_TRACE_AT(inSection(__LINE__), flag::findTraceSteps<Flags>(), 2,
+                           "    calculateSection." << sectionNumber << " " << section);
+    const bool result = fold(section);
+    GENERIC_UTILS_TRACE_AT(inSection(__LINE__), flag::findTraceSteps<Flags>(), 3,
+                           "      result = " << result);
     return result;
 }
 
@@ -85,30 +183,35 @@ std::string LogExp::parse(const std::string& expression, const std::map<std::str
 {
     GENERIC_UTILS_TRACE_STEP(2, "    parse " << expression);
 
-    std::string output;
+    std::string output = expression;  // no shorter than what is written over it
+    std::size_t size = 0;
     std::string identifier;
+    Values values(table);
     const auto endIdentifier = [&]
     {
         if (!identifier.empty())
         {
-            output += toDigit(getIdValue(identifier, table));
+            output[size++] = toDigit(values.get(identifier));
             identifier.clear();
         }
     };
 
-    for (const char character : expression)
+    for (auto next = expression.begin(); next != expression.end(); ++next)
     {
-        if (isOperatorOrParenthesis(character))
+        if (isOfIdentifier(*next))
+        {
+            const auto end = std::find_if_not(next + 1, expression.end(), isOfIdentifier);
+            identifier.append(next, end);
+            next = end - 1;
+        }
+        else if (*next != BLANK)
         {
             endIdentifier();
-            output += toMainSpelling(character);
-        }
-        else if (character != ' ')
-        {
-            identifier += character;
+            output[size++] = toMainSpelling(*next);
         }
     }
     endIdentifier();
+    output.resize(size);
     return output;
 }
 
@@ -156,23 +259,17 @@ bool LogExp::calculate(std::string expression)
             start = opened.back();
             opened.pop_back();
         }
-        const std::size_t sectionSize = start < size ? size - start - 1 : 0;
-        const bool value = calculateSection(expression.substr(start + 1, sectionSize), 0);
-        expression[start] = toDigit(value);
+        const std::string_view before = std::string_view(expression).substr(0, size);
+        const std::string_view section = before.substr(std::min(start + 1, size));
+        expression[start] = toDigit(logexp::calculate(section, 0));
         size = start + 1;
     }
-    expression.resize(size);
-    return calculateSection(std::move(expression), 0);
+    return logexp::calculate(std::string_view(expression).substr(0, size), 0);
 }
 
 bool LogExp::calculateSection(std::string section, int sectionNumber)
 {
-    GENERIC_UTILS_TRACE_STEP(2, "    calculateSection." << sectionNumber << " " << section);
-    replaceNegated(section, '0', '1');
-    replaceNegated(section, '1', '0');
-    const bool result = fold(section);
-    GENERIC_UTILS_TRACE_STEP(3, "      result = " << result);
-    return result;
+    return logexp::calculate(section, sectionNumber);
 }
 
 }  // namespace utils::logexp
