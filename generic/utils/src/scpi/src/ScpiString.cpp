@@ -1,5 +1,6 @@
 #include <utils/scpi/ScpiString.h>
 
+#include <array>
 #include <locale>
 #include <string_view>
 #include <utility>
@@ -18,19 +19,64 @@ constexpr char QUERY_MARK = '?';
 constexpr char QUOTE = '"';
 constexpr char END = '\0';
 
-/// The letter case of the global locale, as it is when the object is made.
-class LetterCase
+using CharacterTable = std::array<char, 256>;
+
+constexpr CharacterTable makeTable(char first, char last, int offset)
+{
+    CharacterTable table{};
+    for (std::size_t code = 0; code < table.size(); ++code)
+    {
+        const auto character = static_cast<char>(code);
+        const bool isMoved = character >= first && character <= last;
+        table[code] = static_cast<char>(character + (isMoved ? offset : 0));
+    }
+    return table;
+}
+
+constexpr CharacterTable CLASSIC_LOWER = makeTable('A', 'Z', 'a' - 'A');
+constexpr CharacterTable CLASSIC_UPPER = makeTable('a', 'z', 'A' - 'a');
+
+char lookUp(const CharacterTable& table, char character)
+{
+    return table[static_cast<unsigned char>(character)];
+}
+
+/// The letter case of the classic locale.
+struct ClassicCase
+{
+    static bool isLower(char character) { return toUpper(character) != character; }
+    static char toLower(char character) { return lookUp(CLASSIC_LOWER, character); }
+    static char toUpper(char character) { return lookUp(CLASSIC_UPPER, character); }
+};
+
+/// The letter case of any other locale.
+class LocaleCase
 {
   public:
+    explicit LocaleCase(const std::locale& locale)
+        : m_rules(std::use_facet<std::ctype<char>>(locale))
+    {
+    }
+
     bool isLower(char character) const { return m_rules.is(std::ctype_base::lower, character); }
     char toLower(char character) const { return m_rules.tolower(character); }
     char toUpper(char character) const { return m_rules.toupper(character); }
-    bool isSame(char a, char b) const { return a == b || toLower(a) == toLower(b); }
 
   private:
-    const std::locale m_locale;
-    const std::ctype<char>& m_rules = std::use_facet<std::ctype<char>>(m_locale);
+    const std::ctype<char>& m_rules;
 };
+
+/// Calls a function with the letter case of the global locale.
+///
+/// Nearly always that is the classic locale, whose letters are known: to look up its facet, and to
+/// ask it about every character, would take longer than a comparison does.
+template <typename Function>
+auto withLetterCase(Function function)
+{
+    static const std::locale& classic = std::locale::classic();
+    const std::locale locale;
+    return locale == classic ? function(ClassicCase()) : function(LocaleCase(locale));
+}
 
 // All steps of a comparison are traced in its name.
 constexpr SourceLocation inComparison(int line)
@@ -38,23 +84,9 @@ constexpr SourceLocation inComparison(int line)
     return {__FILE__, line, "isCompliant"};
 }
 
-const flag::FlagT<int>* traceSteps()
-{
-    return flag::findTraceSteps<Flags>();
-}
-
 bool isEndOfNode(char character)
 {
     return character == NODE_SEPARATOR || character == END;
-}
-
-const char* findEndOfNode(const char* text)
-{
-    while (!isEndOfNode(*text))
-    {
-        ++text;
-    }
-    return text;
 }
 
 struct Forms
@@ -64,9 +96,9 @@ struct Forms
     bool isQuery = false;
 };
 
-Forms deriveForms(const char* name)
+template <typename LetterCase>
+Forms deriveForms(const LetterCase& letterCase, const char* name)
 {
-    const LetterCase letterCase;
     Forms forms;
     unsigned long positionInNode = 1;
     for (const char* next = name; *next != END;)
@@ -99,72 +131,124 @@ Forms deriveForms(const char* name)
     return forms;
 }
 
-void matchShortForm(const LetterCase& letterCase, const char*& header, const char*& longForm)
+/// One comparison: what is left of the header and of the long form, and how far they match.
+template <typename LetterCase>
+class Comparison
 {
-    if (*header == END || *longForm != letterCase.toUpper(*header))
+  public:
+    Comparison(const LetterCase& letterCase, const char* header, const char* longForm)
+        : m_letterCase(letterCase), m_header(header), m_longForm(longForm)
     {
-        return;
     }
-    GENERIC_UTILS_TRACE_AT(inComparison(__LINE__), traceSteps(), 3,
-                           "short character match '" << header << "' '" << longForm << "'.");
-    while (*header != END && *longForm == letterCase.toUpper(*header))
-    {
-        ++header;
-        ++longForm;
-    }
-}
 
-void skipRestOfLongForm(const LetterCase& letterCase, const char* header, const char*& longForm)
-{
-    if (isEndOfNode(*header) && letterCase.isLower(*longForm))
+    bool isCompliant()
     {
-        GENERIC_UTILS_TRACE_AT(inComparison(__LINE__), traceSteps(), 3,
-                               "short header match '" << header << "' '" << longForm << "'.");
-        longForm = findEndOfNode(longForm);
-    }
-}
-
-void matchRestOfLongForm(const LetterCase& letterCase, const char*& header, const char*& longForm)
-{
-    // The ends of both match here as well, which only shows in the trace.
-    if (*header == NODE_SEPARATOR || *longForm != letterCase.toLower(*header))
-    {
-        return;
-    }
-    GENERIC_UTILS_TRACE_AT(inComparison(__LINE__), traceSteps(), 3,
-                           "long character match '" << header << "' '" << longForm << "'.");
-    while (!isEndOfNode(*header) && *longForm == letterCase.toLower(*header))
-    {
-        ++header;
-        ++longForm;
-    }
-}
-
-// Advances both through all that matches.
-// @return whether the header ended; otherwise the two differ
-bool match(const char*& header, const char*& longForm)
-{
-    const LetterCase letterCase;
-    while (letterCase.isSame(*header, *longForm))
-    {
-        const char* const headerBefore = header;
-        const char* const longFormBefore = longForm;
-        matchShortForm(letterCase, header, longForm);
-        skipRestOfLongForm(letterCase, header, longForm);
-        matchRestOfLongForm(letterCase, header, longForm);
-        if (*header == END)
+        skipQuote();
+        if (*m_header != END && !match())
         {
-            return true;
+            skipQuote();
         }
-        // In a locale whose upper and lower case do not correspond, the same letter may match in
-        // neither.
-        if (header == headerBefore && longForm == longFormBefore)
+        GENERIC_UTILS_TRACE_AT(inComparison(__LINE__), m_traceSteps, 3,
+                               "compliant if following strings are both empty '"
+                                   << m_header << "' '" << m_longForm << "'.");
+        return *m_header == END && *m_longForm == END;
+    }
+
+  private:
+    // Advances both through all that matches.
+    // @return whether the header ended; otherwise the two differ
+    bool match()
+    {
+        while (isSame(*m_header, *m_longForm))
         {
-            return false;
+            const char* const headerBefore = m_header;
+            const char* const longFormBefore = m_longForm;
+            matchShortForm();
+            skipRestOfLongForm();
+            matchRestOfLongForm();
+            if (*m_header == END)
+            {
+                return true;
+            }
+            // In a locale whose upper and lower case do not correspond, the same letter may match
+            // in neither.
+            if (m_header == headerBefore && m_longForm == longFormBefore)
+            {
+                return false;
+            }
+        }
+        return false;
+    }
+
+    void matchShortForm()
+    {
+        if (!isShortCharacter())
+        {
+            return;
+        }
+        GENERIC_UTILS_TRACE_AT(
+            inComparison(__LINE__), m_traceSteps, 3,
+            "short character match '" << m_header << "' '" << m_longForm << "'.");
+        while (isShortCharacter())
+        {
+            advance();
         }
     }
-    return false;
-}
+
+    void skipRestOfLongForm()
+    {
+        if (!isEndOfNode(*m_header) || !m_letterCase.isLower(*m_longForm))
+        {
+            return;
+        }
+        GENERIC_UTILS_TRACE_AT(inComparison(__LINE__), m_traceSteps, 3,
+                               "short header match '" << m_header << "' '" << m_longForm << "'.");
+        while (!isEndOfNode(*m_longForm))
+        {
+            ++m_longForm;
+        }
+    }
+
+    void matchRestOfLongForm()
+    {
+        // The ends of both match here as well, which only shows in the trace.
+        if (*m_header == NODE_SEPARATOR || !isLongCharacter())
+        {
+            return;
+        }
+        GENERIC_UTILS_TRACE_AT(inComparison(__LINE__), m_traceSteps, 3,
+                               "long character match '" << m_header << "' '" << m_longForm << "'.");
+        while (!isEndOfNode(*m_header) && isLongCharacter())
+        {
+            advance();
+        }
+    }
+
+    void skipQuote() { m_header += *m_header == QUOTE ? 1 : 0; }
+
+    void advance()
+    {
+        ++m_header;
+        ++m_longForm;
+    }
+
+    bool isShortCharacter() const
+    {
+        return *m_header != END && *m_longForm == m_letterCase.toUpper(*m_header);
+    }
+
+    bool isLongCharacter() const { return *m_longForm == m_letterCase.toLower(*m_header); }
+
+    bool isSame(char a, char b) const
+    {
+        return a == b || m_letterCase.toLower(a) == m_letterCase.toLower(b);
+    }
+
+    const LetterCase m_letterCase;
+    const char* m_header;
+    const char* m_longForm;
+    const flag::FlagT<int>* const m_traceSteps = flag::findTraceSteps<Flags>();
+};
 
 }  // namespace
 
@@ -187,7 +271,8 @@ void ScpiString::setName(const char* name)
     std::string newName(name == nullptr ? "" : name);
     GENERIC_UTILS_TRACE_STEP(3, "Setting Scpi String using '" << newName << "'.");
 
-    Forms forms = deriveForms(newName.c_str());
+    Forms forms = withLetterCase([&](const auto& letterCase)
+                                 { return deriveForms(letterCase, newName.c_str()); });
     m_name = std::move(newName);
     m_shortName = std::move(forms.shortName);
     m_longName = std::move(forms.longName);
@@ -205,19 +290,9 @@ bool ScpiString::isCompliant(const char* header) const
     {
         return false;
     }
-    if (*header == QUOTE)
-    {
-        ++header;
-    }
-    const char* longForm = m_longName.c_str();
-    const bool isDifferent = *header != END && !match(header, longForm);
-    if (isDifferent && *header == QUOTE)
-    {
-        ++header;
-    }
-    GENERIC_UTILS_TRACE_STEP(3, "compliant if following strings are both empty '"
-                                    << header << "' '" << longForm << "'.");
-    return *header == END && *longForm == END;
+    return withLetterCase(
+        [&](const auto& letterCase)
+        { return Comparison(letterCase, header, m_longName.c_str()).isCompliant(); });
 }
 
 bool ScpiString::isCompliant(const std::string& header) const
@@ -227,17 +302,17 @@ bool ScpiString::isCompliant(const std::string& header) const
 
 bool ScpiString::isLower(char character)
 {
-    return LetterCase().isLower(character);
+    return withLetterCase([=](const auto& letterCase) { return letterCase.isLower(character); });
 }
 
 char ScpiString::toLower(char character)
 {
-    return LetterCase().toLower(character);
+    return withLetterCase([=](const auto& letterCase) { return letterCase.toLower(character); });
 }
 
 char ScpiString::toUpper(char character)
 {
-    return LetterCase().toUpper(character);
+    return withLetterCase([=](const auto& letterCase) { return letterCase.toUpper(character); });
 }
 
 bool ScpiString::isVowel(char character)
