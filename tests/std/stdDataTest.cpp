@@ -5,10 +5,12 @@
 // - a dump of nothing writes nothing
 // - rows of 16 bytes: offsets, hex column with its NUL, padding, text column
 // - offsets grow beyond four digits
+// - dumps of any length are whole, row by row; so are those of bytes of every value
 // - the target stream's format does not change the dump; it is left in hexadecimal
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <iomanip>
 #include <limits>
@@ -144,6 +146,46 @@ TEST(StdDataDump, OffsetsGrowBeyondFourDigits)
               "fff0-ffff: 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 \0"
               "xxxxxxxxxxxxxxxx\n"
               "10000-10000: 78 \0                                            x\n"s);
+}
+
+// What a row looks like is shown above; every length up to several pieces of output, and a long one.
+TEST(StdDataDump, EveryLengthIsTheRowsOneByOne)
+{
+    std::string bytes;
+    std::string expected;
+    for (int i = 0; i < 3000; ++i)
+    {
+        bytes += static_cast<char>(i * 7);
+        std::ostringstream lastRow;
+        lastRow << std::hex << std::setfill('0') << std::setw(4) << i / 16 * 16 << "-"
+                << std::setw(4) << i << ": ";
+        std::string hex;
+        std::string text;
+        for (int j = i / 16 * 16; j <= i; ++j)
+        {
+            const int byte = j * 7 % 256;
+            hex += {"0123456789abcdef"[byte / 16], "0123456789abcdef"[byte % 16], ' '};
+            text += byte >= 0x20 && byte < 0x7f ? static_cast<char>(byte) : '.';
+        }
+        hex += '\0';
+        hex.resize(std::max<std::size_t>(hex.size(), 48), ' ');
+        ASSERT_EQ(dump(bytes), expected + lastRow.str() + hex + text + "\n") << i;
+        if (i % 16 == 15)
+        {
+            expected += lastRow.str() + hex + text + "\n";
+        }
+    }
+}
+
+TEST(StdDataDump, LongOnesAreWhole)
+{
+    constexpr std::size_t numRows = 0x10001;
+    const std::string text = dump(std::string((numRows - 1) * 16 + 1, 'x'));
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), static_cast<long>(numRows));
+    EXPECT_EQ(text.substr(text.rfind("ffff0-")),
+              "ffff0-fffff: 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 \0"
+              "xxxxxxxxxxxxxxxx\n"
+              "100000-100000: 78 \0                                            x\n"s);
 }
 
 TEST(StdDataDump, StreamsFormatDoesNotChangeIt)

@@ -1,6 +1,7 @@
 #include <utils/stdData.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cstdlib>
 #include <iomanip>
@@ -16,40 +17,79 @@ namespace
 {
 
 constexpr std::size_t BYTES_PER_ROW = 16;
+constexpr std::size_t ROWS_AT_ONCE = 32;
 constexpr std::size_t HEX_COLUMN_WIDTH = 48;
 
 constexpr char HEX_DIGITS[] = "0123456789abcdef";
 
+// Two offsets of as many digits as there can be, both columns, and what stands in between.
+constexpr std::size_t LONGEST_LINE = 2 * 2 * sizeof(std::size_t) + 5 * BYTES_PER_ROW;
+
+// What follows writes to where there is room, and returns where it ended.
+
 // At least four digits.
-std::string offsetToHex(std::size_t offset)
+char* putOffset(char* out, std::size_t offset)
 {
-    std::string digits;
-    for (; offset != 0 || digits.size() < 4; offset /= 16)
+    int shift = 12;
+    while (offset >> shift > 0xf)
     {
-        digits.insert(digits.begin(), HEX_DIGITS[offset % 16]);
+        shift += 4;
     }
-    return digits;
+    for (; shift >= 0; shift -= 4)
+    {
+        *out++ = HEX_DIGITS[offset >> shift & 0xf];
+    }
+    return out;
 }
 
-std::string hexColumn(std::string_view bytes)
+char* putHexColumn(char* out, std::string_view row)
 {
-    std::string column;
-    for (const char character : bytes)
+    char* const columnEnd = out + HEX_COLUMN_WIDTH;
+    for (const char character : row)
     {
         const auto byte = static_cast<unsigned char>(character);
-        column += {HEX_DIGITS[byte / 16], HEX_DIGITS[byte % 16], ' '};
+        *out++ = HEX_DIGITS[byte / 16];
+        *out++ = HEX_DIGITS[byte % 16];
+        *out++ = ' ';
     }
-    column += '\0';  // readers of the dump have always got it
-    column.resize(std::max(column.size(), HEX_COLUMN_WIDTH), ' ');
-    return column;
+    *out++ = '\0';  // readers of the dump have always got it
+    while (out < columnEnd)
+    {
+        *out++ = ' ';
+    }
+    return out;
 }
 
-std::string textColumn(std::string_view bytes)
+char* putTextColumn(char* out, std::string_view row)
 {
-    std::string column(bytes);
-    const auto isUnprintable = [](unsigned char byte) { return std::isprint(byte) == 0; };
-    std::replace_if(column.begin(), column.end(), isUnprintable, '.');
-    return column;
+    return std::transform(row.begin(), row.end(), out,
+                          [](unsigned char byte)
+                          { return std::isprint(byte) != 0 ? static_cast<char>(byte) : '.'; });
+}
+
+char* putLine(char* out, std::size_t start, std::string_view row)
+{
+    out = putOffset(out, start);
+    *out++ = '-';
+    out = putOffset(out, start + row.size() - 1);
+    *out++ = ':';
+    *out++ = ' ';
+    out = putHexColumn(out, row);
+    out = putTextColumn(out, row);
+    *out++ = '\n';
+    return out;
+}
+
+// In one piece, since each call of the stream takes its time.
+void writeRows(std::ostream& os, std::size_t start, std::string_view rows)
+{
+    std::array<char, ROWS_AT_ONCE * LONGEST_LINE> text;
+    char* end = text.data();
+    for (std::size_t i = 0; i < rows.size(); i += BYTES_PER_ROW)
+    {
+        end = putLine(end, start + i, rows.substr(i, BYTES_PER_ROW));
+    }
+    writeText(os, {text.data(), static_cast<std::size_t>(end - text.data())});
 }
 
 }  // namespace
@@ -77,12 +117,9 @@ std::ostream& Std_Data::output(std::ostream& os, const void* data, int length)
         return os;
     }
     const std::string_view block(static_cast<const char*>(data), static_cast<std::size_t>(length));
-    for (std::size_t start = 0; start < block.size(); start += BYTES_PER_ROW)
+    for (std::size_t start = 0; start < block.size(); start += ROWS_AT_ONCE * BYTES_PER_ROW)
     {
-        const std::string_view row = block.substr(start, BYTES_PER_ROW);
-        const std::size_t end = start + row.size() - 1;
-        writeText(os, offsetToHex(start) + "-" + offsetToHex(end) + ": " + hexColumn(row) +
-                          textColumn(row) + "\n");
+        writeRows(os, start, block.substr(start, ROWS_AT_ONCE * BYTES_PER_ROW));
     }
     os << std::hex << std::setfill(' ') << std::setw(0);
     return os;
