@@ -2,7 +2,7 @@
 //
 // - a notification allocates nothing, with a lock or without
 // - a registration that runs out of memory passes std::bad_alloc on, registers nothing and
-//   releases the lock, whichever of its allocations fails
+//   releases the lock, whichever of its allocations fails, and however many are registered
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -69,7 +69,7 @@ TEST_P(EventAllocation, IsNotNeededForNotifying)
 TEST_P(EventAllocation, ThatFailsRegistersNothingAndReleasesTheLock)
 {
     m_event.notify(nullptr);
-    for (long numToSucceed = 0; numToSucceed < 2; ++numToSucceed)
+    for (long numToSucceed = 0; numToSucceed < 3; ++numToSucceed)
     {
         setAllocationFailing(numToSucceed);
         EXPECT_THROW(m_event.registerInterest(&m_notifier, 1), std::bad_alloc);
@@ -83,6 +83,40 @@ TEST_P(EventAllocation, ThatFailsRegistersNothingAndReleasesTheLock)
     EXPECT_FALSE(m_event.unregisterInterest(&m_notifier, 1));
     EXPECT_THAT(m_errors.getWords(),
                 ElementsAre(testing::StartsWith("No notifiers have been registered")));
+}
+
+// Fails each allocation of each registration once.
+TEST_P(EventAllocation, ThatFailsAmongManyRegistrationsRegistersNothing)
+{
+    constexpr int count = 200;
+    int numFailures = 0;
+    for (int i = 0; i < count; ++i)
+    {
+        for (long numToSucceed = 0;; ++numToSucceed)
+        {
+            try
+            {
+                setAllocationFailing(numToSucceed);
+                m_event.registerInterest(&m_notifier, i / 2);
+                setAllocationFailing(-1);
+                break;
+            }
+            catch (const std::bad_alloc&)
+            {
+                setAllocationFailing(-1);
+                ++numFailures;
+            }
+        }
+    }
+    EXPECT_EQ(test::countHeldLocks(), 0);
+    EXPECT_GT(numFailures, count + count / 2);
+    m_event.notify(nullptr);
+    EXPECT_EQ(m_notifier.m_numCalls, count);
+    for (int i = 0; i < count; ++i)
+    {
+        EXPECT_TRUE(m_event.unregisterInterest(&m_notifier, i / 2));
+    }
+    EXPECT_THAT(m_errors.getWords(), testing::IsEmpty());
 }
 
 TEST_P(EventAllocation, ThatFailsLeavesOtherRegistrationsAlone)

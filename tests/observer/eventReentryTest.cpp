@@ -2,6 +2,7 @@
 //
 // - unregister the registration that they are called for: the others are still called
 // - unregister the last registration: the walk ends
+// - unregister all, also those still to come: the walk ends
 // - unregister and register again as the only notifier: the walk ends, the next one calls it
 // - register: called by the same walk when the turn is still to come, not when it is over
 // - register behind themselves as the last one: the walk was at its end, the next one calls it
@@ -91,6 +92,23 @@ TEST_P(EventReentry, TheOnlyNotifierMayUnregisterItself)
     FunctionNotifier once([&](void*) { EXPECT_TRUE(m_event.unregisterInterest(&once, 1)); });
     m_event.registerInterest(&once, 1);
     EXPECT_THAT(notify(), IsEmpty());
+    EXPECT_THAT(notify(), IsEmpty());
+}
+
+TEST_P(EventReentry, ANotifierMayUnregisterAllAlsoThoseStillToCome)
+{
+    FunctionNotifier remover(
+        [&](void*)
+        {
+            m_journal.push_back("remover");
+            EXPECT_TRUE(m_event.unregisterInterest(&m_a, 2));
+            EXPECT_TRUE(m_event.unregisterInterest(&m_z, 3));
+            EXPECT_TRUE(m_event.unregisterInterest(&remover, 1));
+        });
+    m_event.registerInterest(&remover, 1);
+    m_event.registerInterest(&m_a, 2);
+    m_event.registerInterest(&m_z, 3);
+    EXPECT_THAT(notify(), ElementsAre("remover"));
     EXPECT_THAT(notify(), IsEmpty());
 }
 

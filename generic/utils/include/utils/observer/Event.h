@@ -6,12 +6,21 @@
 
 #include <libos/COsMutex.h>
 #include <utils/export.h>
+#include <utils/flag/Trace.h>
+#include <utils/observer/Flags.h>
 #include <utils/observer/Notifier.h>
 
 namespace utils::observer
 {
 
 class NotifierTable;
+
+/// A registration as a notification sees it: part of Event, not for applications.
+struct NotifierEntry
+{
+    Notifier* notifierPtr = nullptr;
+    NotifierEntry* nextPtr = nullptr;
+};
 
 /// Something that occurs, and the notifiers that want to be called when it does.
 ///
@@ -66,20 +75,49 @@ class GENERIC_UTILS_EXPORT Event
 
     /// Calls every registered notifier; nobody when the lock cannot be taken.
     /// @param data handed to the notifiers as it is
-    void notify(void* data);
+    ///
+    /// Inline, since calls within a shared object are quicker than those into another one, and most
+    /// notifiers belong to the application that notifies them.
+    GENERIC_UTILS_EXPORT void notify(void* data)
+    {
+        const unsigned long count = m_mutex == nullptr ? callNotifiers(data) : callUnderLock(data);
+        if (flag::isTraced(flag::findTraceSteps<Flags>(), 2))
+        {
+            traceNotification(count);
+        }
+    }
 
   private:
     class Guard;
 
     void insert(Notifier* notifierPtr, int priority);
     bool erase(const Notifier* notifierPtr, int priority);
-    unsigned long callNotifiers(void* data);
     unsigned long callUnderLock(void* data);
+    void traceNotification(unsigned long count) const;
 
-    std::unique_ptr<NotifierTable> m_table;  // null while there is no registration
-    std::unique_ptr<COsMutex> m_mutex;       // null without a lock
-    unsigned long m_numTablesEnded = 0;      // tells a walk that its table is gone, replaced or not
-    unsigned long m_numLocksKept = 0;        // by failed calls of unregisterInterest()
+    unsigned long callNotifiers(void* data)
+    {
+        const unsigned long numTablesEnded = m_numTablesEnded;
+        unsigned long count = 0;
+        for (const NotifierEntry* nextPtr = m_firstPtr; nextPtr != nullptr;)
+        {
+            Notifier* const notifierPtr = nextPtr->notifierPtr;
+            nextPtr = nextPtr->nextPtr;  // before the call, which may remove this entry
+            ++count;
+            notifierPtr->notify(data);
+            if (m_numTablesEnded != numTablesEnded)
+            {
+                break;  // the next entry belongs to a table that is gone
+            }
+        }
+        return count;
+    }
+
+    std::unique_ptr<NotifierTable> m_table;     // null while there is no registration
+    std::unique_ptr<COsMutex> m_mutex;          // null without a lock
+    const NotifierEntry* m_firstPtr = nullptr;  // of the table
+    unsigned long m_numTablesEnded = 0;  // tells a walk that its table is gone, replaced or not
+    unsigned long m_numLocksKept = 0;    // by failed calls of unregisterInterest()
 };
 
 }  // namespace utils::observer

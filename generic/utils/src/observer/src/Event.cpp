@@ -34,6 +34,9 @@ constexpr SourceLocation at(int line, const char* function)
     return {__FILE__, line, function};
 }
 
+// Keeps the inline operation among the library's symbols, for whoever looks for it there.
+[[gnu::used]] constexpr void (Event::*EXPORTED)(void*) = &Event::notify;
+
 const flag::FlagT<int>* traceSteps()
 {
     return flag::findTraceSteps<Flags>();
@@ -160,30 +163,26 @@ bool Event::unregisterInterest(const Notifier* notifierPtr, const int& priority)
     return true;
 }
 
-void Event::notify(void* data)
-{
-    const unsigned long count = m_mutex == nullptr ? callNotifiers(data) : callUnderLock(data);
-    GENERIC_UTILS_TRACE_AT(
-        at(NOTIFY_LINE, __func__), traceSteps(), 2,
-        "An event (" << this << ") has occurred - notified " << count << " observers.");
-}
-
 // Memory may run out at either step; a table without entries is not left behind.
 void Event::insert(Notifier* notifierPtr, int priority)
 {
     if (m_table != nullptr)
     {
         m_table->add(notifierPtr, priority);
-        return;
     }
-    auto table = std::make_unique<NotifierTable>();
-    table->add(notifierPtr, priority);
-    m_table = std::move(table);
+    else
+    {
+        auto table = std::make_unique<NotifierTable>();
+        table->add(notifierPtr, priority);
+        m_table = std::move(table);
+    }
+    m_firstPtr = m_table->getFirstPtr();
 }
 
 bool Event::erase(const Notifier* notifierPtr, int priority)
 {
     const bool isErased = m_table->remove(notifierPtr, priority);
+    m_firstPtr = m_table->getFirstPtr();
     if (m_table->isEmpty())
     {
         m_table.reset();
@@ -198,27 +197,11 @@ unsigned long Event::callUnderLock(void* data)
     return guard.isAdmitted() ? callNotifiers(data) : 0;
 }
 
-unsigned long Event::callNotifiers(void* data)
+void Event::traceNotification(unsigned long count) const
 {
-    if (m_table == nullptr)
-    {
-        return 0;
-    }
-    unsigned long count = 0;
-    const unsigned long numTablesEnded = m_numTablesEnded;
-    const NotifierTable::Entry* nextPtr = m_table->getFirstPtr();
-    while (nextPtr != nullptr)
-    {
-        Notifier* const notifierPtr = nextPtr->notifierPtr;
-        nextPtr = nextPtr->nextPtr;  // before the call, which may remove this entry
-        ++count;
-        notifierPtr->notify(data);
-        if (m_numTablesEnded != numTablesEnded)
-        {
-            break;  // the next entry belongs to a table that is gone
-        }
-    }
-    return count;
+    GENERIC_UTILS_TRACE_AT(
+        at(NOTIFY_LINE, "notify"), traceSteps(), 2,
+        "An event (" << this << ") has occurred - notified " << count << " observers.");
 }
 
 }  // namespace utils::observer
