@@ -9,6 +9,8 @@
 #include <utils/command/Macro.h>
 #include <utils/command/NoOpCommand.h>
 #include <utils/flag/Trace.h>
+#include <utils/observer/Event.h>
+#include <utils/scpi/ScpiString.h>
 
 #include "Allocations.h"
 #include "Queues.h"
@@ -151,6 +153,28 @@ void execute(benchmark::State& state)
                 });
 }
 
+class Receiver : public utils::observer::Notifier
+{
+  public:
+    void notify(void* data) override { benchmark::DoNotOptimize(data); }
+};
+
+void notify(benchmark::State& state)
+{
+    Receiver receiver;
+    utils::observer::Event event;
+    event.enableLock();
+    event.registerInterest(&receiver, 0);
+    allocations(state, [&] { event.notify(nullptr); });
+}
+
+void compareHeader(benchmark::State& state)
+{
+    const utils::scpi::ScpiString command("measure:voltage:direct:range");
+    const std::string header = "MEAS:Voltage:DIR:Range";
+    allocations(state, [&] { benchmark::DoNotOptimize(command.isCompliant(header)); });
+}
+
 void disabledTrace(benchmark::State& state)
 {
     utils::flag::FlagT<int> level("bench::m_traceSteps", 0);
@@ -179,6 +203,8 @@ void disabledTrace(benchmark::State& state)
     add("allocations_fill_empty/utils_Queue", fillAndEmpty<UtilsQueue>, NUM_OPERATIONS / 100);
     add("allocations_forward/utils_Queue", forward, NUM_OPERATIONS);
     add("allocations_execute/utils_Macro", execute, NUM_OPERATIONS);
+    add("allocations_notify/utils_Event", notify, NUM_OPERATIONS);
+    add("allocations_compare/utils_ScpiString", compareHeader, NUM_OPERATIONS);
     add("allocations_trace_off/utils_trace", disabledTrace, NUM_OPERATIONS);
     return true;
 }();

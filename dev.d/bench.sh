@@ -2,7 +2,8 @@
 
 readonly BENCH_PACKAGES=(libbenchmark-dev libtbb-dev libboost-dev libboost-thread-dev
   libboost-system-dev libspdlog-dev libgoogle-glog-dev libconcurrentqueue-dev
-  libexpat1-dev libxml2-dev libpugixml-dev python3)
+  libexpat1-dev libxml2-dev libpugixml-dev libsigc++-2.0-dev liblua5.4-dev libmuparser-dev
+  libre2-dev libpcre2-dev pkg-config python3)
 
 ## bench [ARGUMENT...]
 ##     Build the benchmarks, run them (about three minutes) and compare with others: --theme queue,
