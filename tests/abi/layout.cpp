@@ -1,0 +1,3 @@
+// Every class of the binary interface, for its debug information: see abi/layout.txt.
+
+#include <utils/utils.h>
