@@ -26,6 +26,25 @@ function(generic_utils_configure target)
   generic_utils_sanitize(${target})
 endfunction()
 
+# For what is installed: checks against overrun buffers and redirected control flow, tables that are
+# read-only once the program runs. Sanitizers check more, and in their own way.
+function(generic_utils_harden target)
+  if(GENERIC_UTILS_SANITIZE)
+    return()
+  endif()
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
+    set(control_flow -fcf-protection=full)
+  elseif(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64")
+    set(control_flow -mbranch-protection=standard)
+  endif()
+  target_compile_options(${target} PRIVATE
+    -fstack-protector-strong
+    ${control_flow}
+    # Works on optimised code only, and says so with a warning.
+    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
+  target_link_options(${target} PRIVATE LINKER:-z,relro,-z,now)
+endfunction()
+
 # Keeps all symbols of a shared library local but those that a version script of abi/ names.
 function(generic_utils_export_only target map)
   set(file "${PROJECT_SOURCE_DIR}/abi/${map}")
