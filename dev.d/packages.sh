@@ -6,6 +6,14 @@ readonly EXAMPLE_PACKAGES=(libboost-dev libcli11-dev libfmt-dev)
 readonly TEST_PACKAGES=(libgtest-dev libgmock-dev pkg-config python3-pyelftools python3-pytest
   python3-pyvisa python3-pyvisa-py)
 
+# The newest Clang that this system's package lists know, to build against the library with.
+newest_clang()
+{
+    local newest
+    newest=$(apt-cache pkgnames clang- 2>/dev/null | grep -xE 'clang-[0-9]+' | sort -V | tail -n 1) || :
+    echo "${newest:-clang}"
+}
+
 # The packages among those given that are not installed, one a line.
 missing_packages()
 {

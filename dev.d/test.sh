@@ -56,7 +56,8 @@ cmd_test()
         shift
     fi
     case $preset in
-        release | dev | asan | tsan) ;;
+        release) packages+=("$(newest_clang)") ;;
+        dev | asan | tsan) ;;
         clang) packages+=("${BENCH_PACKAGES[@]}" "${CHECK_PACKAGES[@]}") ;;
         *) usage_error "unknown preset '$preset' for test" ;;
     esac

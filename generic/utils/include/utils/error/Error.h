@@ -8,6 +8,18 @@
 #include <utils/export.h>
 #include <utils/strategy/StrategyT.h>
 
+// Some applications and frameworks have macros of these names: set aside here, and put back below.
+#pragma push_macro("INFO")
+#pragma push_macro("WARNING")
+#pragma push_macro("ERROR")
+#pragma push_macro("CRITICAL")
+#pragma push_macro("FATAL")
+#undef INFO
+#undef WARNING
+#undef ERROR
+#undef CRITICAL
+#undef FATAL
+
 namespace utils::error
 {
 
@@ -89,6 +101,12 @@ class GENERIC_UTILS_EXPORT Error
 GENERIC_UTILS_EXPORT std::ostream& operator<<(std::ostream& os, const Error& error);
 
 }  // namespace utils::error
+
+#pragma pop_macro("INFO")
+#pragma pop_macro("WARNING")
+#pragma pop_macro("ERROR")
+#pragma pop_macro("CRITICAL")
+#pragma pop_macro("FATAL")
 
 namespace utils::strategy
 {
