@@ -71,9 +71,10 @@ function(generic_utils_install_docs)
     FILES_MATCHING PATTERN "*.md")
 endfunction()
 
-# generic_utils_install_example(<target> [FILES <data file>...]): the program, beside it in the
-# source tree's own layout its sources, and where it looks for them the files that it reads.
+# generic_utils_install_example(<target> [FILES <data file>...]): the program, hardened; its sources,
+# and with them the files that it reads.
 function(generic_utils_install_example target)
+  generic_utils_harden(${target})
   if(NOT GENERIC_UTILS_INSTALL)
     return()
   endif()
@@ -82,12 +83,13 @@ function(generic_utils_install_example target)
   set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/../..")
   install(TARGETS ${target}
     RUNTIME DESTINATION "${program_dir}" COMPONENT examples)
+  set(source_dir "${CMAKE_INSTALL_DATADIR}/generic_utils/examples/${target}")
   install(DIRECTORY ./
-    DESTINATION "${CMAKE_INSTALL_DOCDIR}/examples/${target}"
+    DESTINATION "${source_dir}"
     COMPONENT examples
-    FILES_MATCHING PATTERN "*.h" PATTERN "*.cpp")
+    FILES_MATCHING PATTERN "*.h" PATTERN "*.cpp" PATTERN "*.md")
   install(FILES ${arg_FILES}
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/generic_utils/examples/${target}"
+    DESTINATION "${source_dir}"
     COMPONENT examples)
 endfunction()
 
