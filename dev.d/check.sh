@@ -7,11 +7,11 @@ cpp_files() { git ls-files -z '*.h' '*.cpp'; }
 check_scripts()
 {
     local script
-    for script in dev dev.d/*.sh .ci/run; do
+    for script in dev dev.d/*.sh .ci/run tests/consumers/run; do
         bash -n "$script"
     done
     # The parts of ./dev share its variables, so they are looked at as one script.
-    shellcheck --shell=bash --external-sources dev .ci/run
+    shellcheck --shell=bash --external-sources dev .ci/run tests/consumers/run
 }
 
 check_format()
@@ -68,8 +68,8 @@ phase()
 }
 
 ## check [--fast]
-##     Scripts, clang-format, a build of everything with Clang and clang-tidy, cppcheck, then the
-##     tests under the sanitizers; --fast leaves the sanitizers out.
+##     Scripts, clang-format, a build of everything with Clang and clang-tidy, cppcheck, the binary
+##     interface, then the tests under the sanitizers; --fast leaves the sanitizers out.
 cmd_check()
 {
     local fast=no
@@ -79,11 +79,12 @@ cmd_check()
         *) usage_error "check takes --fast or nothing, not '$*'" ;;
     esac
     need_packages "to check the code" "${BUILD_PACKAGES[@]}" "${EXAMPLE_PACKAGES[@]}" \
-        "${TEST_PACKAGES[@]}" "${BENCH_PACKAGES[@]}" "${CHECK_PACKAGES[@]}"
+        "${TEST_PACKAGES[@]}" "${BENCH_PACKAGES[@]}" "${CHECK_PACKAGES[@]}" "${ABI_PACKAGES[@]}"
     phase scripts check_scripts
     phase clang-format check_format
     phase clang check_clang
     phase cppcheck check_cppcheck
+    phase abi check_abi
     if [[ $fast == no ]]; then
         phase asan test_preset asan
         phase tsan test_preset tsan
