@@ -1,5 +1,6 @@
 // Tasks and queues:
 // - attaching and detaching queues, at construction and later, with the queue's own reports;
+// - a queue is not left forwarding to a task whose construction a strategy broke off;
 // - a pool of tasks behind one queue;
 // - a macro that moves from task to task.
 
@@ -8,9 +9,11 @@
 
 #include <latch>
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 #include "support/Blocker.h"
+#include "support/Listeners.h"
 #include "support/StepRecorder.h"
 #include "utils/queue/WriteCommand.h"
 #include "utils/task/Task.h"
@@ -38,6 +41,24 @@ TEST(TaskQueue, AQueueGivenAtConstructionIsForwarded)
     EXPECT_TRUE(queue.write(&macro, 0));
     EXPECT_EQ(queue.size(), 0U);
     EXPECT_EQ(task.getEventQueuePtr()->size(), 1U);
+}
+
+// Without care the queue goes on forwarding to an event queue that is gone.
+TEST(TaskQueue, AQueueIsDetachedWhenAStrategyBreaksOffTheConstruction)
+{
+    StepRecorder recorder;
+    const test::TraceListener failing("to the internal Event Queue of",
+                                      [] { throw std::runtime_error("cannot"); });
+    Macro macro("m");
+    Queue queue("q", 1);
+    recorder.setTaskLevel(1);
+    EXPECT_THROW(Task("t", &queue, 5), std::runtime_error);
+    recorder.setTaskLevel(0);
+
+    EXPECT_EQ(queue.getNumQueuesToForwardTo(), 0UL);
+    EXPECT_EQ(Task::getTaskPtr("t"), nullptr);
+    EXPECT_TRUE(queue.write(&macro, 0));
+    EXPECT_EQ(queue.size(), 1U);
 }
 
 TEST(TaskQueue, QueuesAreAttachedAndDetached)

@@ -82,16 +82,17 @@ Task::Task(const std::string& name, utils::queue::Queue* queuePtr, unsigned long
 {
     registry().requireUnique(GENERIC_UTILS_HERE, m_name);
     GENERIC_UTILS_TRACE_STEP(1, "Creating task '" << m_name << "'.");
-    if (queuePtr != nullptr)
-    {
-        addQueue(queuePtr);
-    }
     try
     {
+        if (queuePtr != nullptr)
+        {
+            addQueue(queuePtr);
+        }
         registry().add(GENERIC_UTILS_HERE, m_name, this);
     }
     catch (...)
     {
+        // Also when a strategy that was told of the forwarding has thrown.
         if (queuePtr != nullptr)
         {
             queuePtr->stopForwardingTo(&m_eventQueue);
