@@ -11,7 +11,6 @@ bool everythingIsThere()
 {
     const utils::error::Error error("file", 1, "function", utils::error::Error::NULL_PTR,
                                     utils::error::Error::ERROR);
-    return error.getSeverity() == utils::error::Error::ERROR &&
-           utils::task::Task::RUNNING == 1 && osTaskSelf() == nullptr &&
-           !std::getUserName().empty();
+    return error.getSeverity() == utils::error::Error::ERROR && utils::task::Task::RUNNING == 1 &&
+           osTaskSelf() == nullptr && !std::getUserName().empty();
 }
