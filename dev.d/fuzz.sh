@@ -35,8 +35,13 @@ store_finding()
     echo "fuzz: $target: found $seed; name it for what it shows"
 }
 
-# The last number behind a word in a target's log.
-logged() { grep -oP "$1:? +\K[0-9]+" "build/fuzz/work/$2/log" | tail -n 1 || :; }
+# The last number behind a word in a target's log; "?" when there is none.
+logged()
+{
+    local number
+    number=$(grep -oP "$1:? +\K[0-9]+" "build/fuzz/work/$2/log" | tail -n 1) || :
+    echo "${number:-?}"
+}
 
 # fuzz_target TARGET SECONDS: leaves the number of findings in work/TARGET/findings.
 fuzz_target()

@@ -173,7 +173,7 @@ std::vector<std::string> converse(Device& device, std::string_view input, std::s
     }
     fuzz::require(bystander.ask("SYST:ERR:COUN?;*ESR?") == "0;0\n", "errors are the client's own");
     // Behind all acquisitions that nobody waits for.
-    fuzz::require(bystander.ask("INIT;*OPC?") == "1\n", "the device goes on");
+    fuzz::require(bystander.ask("ACQ:POIN 1;:INIT;*OPC?") == "1\n", "the device goes on");
     return client.getResponses();
 }
 
