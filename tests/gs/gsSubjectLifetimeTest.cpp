@@ -306,9 +306,10 @@ TEST_F(GsSubjectLifetime, NestedUpdateDetachesTheNext)
 TEST_F(GsSubjectLifetime, UpdateThatThrowsLeavesNoCurrentMethod)
 {
     const CoutCapture cout;
+    Observer observer("o", [] { throw std::runtime_error("no"); });
     {
+        // Ends before the observer, whose end would be an operation of its own.
         Subject subject("short");
-        Observer observer("o", [] { throw std::runtime_error("no"); });
         subject.attach(&observer, &m_level, 1);
         EXPECT_THROW(subject.notify(&m_level), std::runtime_error);
     }
