@@ -40,10 +40,3 @@ class RawClient:
     def close(self):
         self._stream.close()
         self._socket.close()
-
-    def close_both_ways(self):
-        """Has whoever sends or receives here on another thread come back."""
-        try:
-            self._socket.shutdown(socket.SHUT_RDWR)
-        except OSError:
-            pass  # there is no connection any more

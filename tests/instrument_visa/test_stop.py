@@ -33,29 +33,45 @@ def test_acquisitions_that_were_asked_for_are_answered(instrument, connect_raw):
 
 
 class BusyClient(threading.Thread):
-    """Sends numbered queries until the connection ends, and collects the answers."""
+    """Sends numbered queries until the connection ends, and collects the answers.
+
+    It is always some queries ahead of the answers, but not so many that the program, which takes 5
+    seconds at most to finish, could not answer them.
+    """
+
+    NUM_AHEAD = 50
 
     def __init__(self, raw_client):
         super().__init__()
         self._client = raw_client
         self._sender = threading.Thread(target=self._send)
-        self.has_begun = threading.Event()
+        self._may_send = threading.Semaphore(self.NUM_AHEAD)
+        self._has_ended = False
+        self.is_busy = threading.Event()
         self.answers = []
 
     def _send(self):
-        try:
-            for number in range(1, 1_000_000):
+        number = 0
+        while not self._has_ended:
+            number += 1
+            try:
                 self._client.send(f"ACQ:POIN {number};POIN?\n".encode("ascii"))
-        except OSError:
-            pass  # the instrument has closed
+            except OSError:
+                return  # the instrument has closed
+            self._may_send.acquire()
 
     def run(self):
         self._sender.start()
-        while line := self._client.read_line():
-            self.answers.append(line)
-            if len(self.answers) == 50:
-                self.has_begun.set()
-        self._client.close_both_ways()
+        try:
+            while line := self._client.read_line():
+                self.answers.append(line)
+                if len(self.answers) == 2 * self.NUM_AHEAD:
+                    self.is_busy.set()
+                self._may_send.release()
+        except ConnectionResetError:
+            pass  # something was sent after the end
+        self._has_ended = True
+        self._may_send.release()
         self._sender.join()
 
 
@@ -66,7 +82,7 @@ def test_stop_under_load_answers_all_that_was_executed(instrument, client, conne
     for busy in busy_clients:
         busy.start()
     for busy in busy_clients:
-        busy.has_begun.wait()
+        busy.is_busy.wait()
     status = instrument.stop()
     for busy in busy_clients:
         busy.join()
