@@ -6,21 +6,30 @@ readonly FUZZ_SECONDS=30
 # The targets, one a line: those with seeds.
 fuzz_targets() { find fuzz/corpus -mindepth 1 -maxdepth 1 -type d -printf '%f\n' | sort; }
 
-# Where targets put their files: in memory, if there is such a place.
-readonly FUZZ_MEMORY=/dev/shm
+# Makes a folder for the files of targets, in memory if there is such a place. A target that ends by
+# a finding leaves them.
+make_fuzz_folder()
+{
+    local memory=/dev/shm
+    [[ -w $memory ]] || memory=${TMPDIR:-/tmp}
+    mktemp -d -p "$memory" fuzz-XXXXXX
+}
 
 # What makes libFuzzer keep an input; it keeps slow ones too, which are no findings.
 found_inputs() { find "$1" -type f ! -name 'slow-unit-*' | sort; }
 
 run_fuzzer()
 {
-    local target=$1 folder=/tmp
+    local target=$1 folder status=0
     shift
-    [[ ! -w $FUZZ_MEMORY ]] || folder=$FUZZ_MEMORY
+    folder=$(make_fuzz_folder)
     TMPDIR=$folder \
     ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1:detect_stack_use_after_return=1 \
     UBSAN_OPTIONS=print_stacktrace=1 \
-        "build/fuzz/fuzz/fuzz_$target" -timeout=25 -rss_limit_mb=2048 "$@"
+        "build/fuzz/fuzz/fuzz_$target" -timeout=25 -rss_limit_mb=2048 "$@" ||
+        status=$?
+    rm -rf "$folder"
+    return "$status"
 }
 
 # store_finding TARGET INPUT: makes it as small as half a minute allows, and keeps it as a seed.
