@@ -8,11 +8,11 @@ namespace instrument::limits
 {
 
 /// The longest program message (line), in bytes, without its line feed.
-inline constexpr std::size_t MAX_MESSAGE = 64 * 1024;
+inline constexpr std::size_t MAX_MESSAGE = std::size_t{64} * 1024;
 
 /// The longest response to one program message, in bytes. The longest single answer, a million
 /// values as text, has 17 million.
-inline constexpr std::size_t MAX_RESPONSE = 20 * 1024 * 1024;
+inline constexpr std::size_t MAX_RESPONSE = std::size_t{20} * 1024 * 1024;
 
 /// How many errors the queue of a client holds.
 inline constexpr std::size_t MAX_ERRORS = 32;
