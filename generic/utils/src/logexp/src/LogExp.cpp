@@ -267,6 +267,7 @@ bool LogExp::calculate(std::string expression)
     return logexp::calculate(std::string_view(expression).substr(0, size), 0);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value, as the interface has it
 bool LogExp::calculateSection(std::string section, int sectionNumber)
 {
     return logexp::calculate(section, sectionNumber);

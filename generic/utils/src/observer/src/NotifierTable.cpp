@@ -91,7 +91,7 @@ void NotifierTable::unlink(Entry& entry)
 // To be called while the entry is still linked.
 void NotifierTable::leaveGroup(const Entry& entry)
 {
-    const Groups::iterator group = entry.group;
+    const auto group = entry.group;
     if (group->second != &entry)
     {
         return;
