@@ -6,7 +6,7 @@ readonly BENCH_PACKAGES=(libbenchmark-dev libtbb-dev libboost-dev libboost-threa
   libre2-dev libpcre2-dev pkg-config python3)
 
 ## bench [ARGUMENT...]
-##     Build the benchmarks, run them (about three minutes) and compare with others: --theme queue,
+##     Build the benchmarks, run them (some minutes) and compare with others: --theme queue,
 ##     --filter REGEX and more, see --help.
 cmd_bench()
 {
