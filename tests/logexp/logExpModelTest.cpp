@@ -2,6 +2,7 @@
 //
 // - the value, or the exception, of well-formed and of malformed expressions
 // - every step that is traced, so that each section is the same
+// - the same values when nothing is traced, with a few identifiers and with many
 // - expressions that no parse can yield, given to calculate() directly
 
 #include <gtest/gtest.h>
@@ -31,8 +32,13 @@ using Table = std::map<std::string, bool>;
 class LogExpModel : public testing::Test
 {
   protected:
-    LogExpModel() { SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(3); }
-    ~LogExpModel() override { SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(-1); }
+    LogExpModel() { setLevel(3); }
+    ~LogExpModel() override { setLevel(-1); }
+
+    static void setLevel(int level)
+    {
+        SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(level);
+    }
 
     std::size_t pick(std::size_t count)
     {
@@ -99,6 +105,17 @@ class LogExpModel : public testing::Test
         compare(
             expression, [&] { return LogExp::evaluate(expression, m_table); },
             [&](test::LogExpModel& model) { return model.evaluate(expression); });
+        compareUntraced(expression, m_table);
+    }
+
+    static void compareUntraced(const std::string& expression, const Table& table)
+    {
+        test::LogExpModel model(table);
+        const int expected = valueOf([&] { return model.evaluate(expression); });
+        setLevel(1);
+        ASSERT_EQ(valueOf([&] { return LogExp::evaluate(expression, table); }), expected)
+            << expression;
+        setLevel(3);
     }
 
     const test::ConfigDirectory m_emptyConfiguration;
@@ -142,6 +159,29 @@ TEST_F(LogExpModel, IsEqualForAnythingToCalculate)
     EXPECT_GT(m_count[0], 2000);
     EXPECT_GT(m_count[1], 1000);
     EXPECT_GT(m_count[-1], 1000);
+}
+
+// Each identifier comes several times, in turns with others and with unknown ones.
+TEST_F(LogExpModel, IsEqualForManyIdentifiers)
+{
+    constexpr std::size_t numIdentifiers = 500;
+    Table table;
+    for (std::size_t i = 0; i < numIdentifiers; ++i)
+    {
+        table[std::string(1 + i % 5, 'x') + std::to_string(i)] = pick(2) == 0;
+    }
+    for (int i = 0; i < 300; ++i)
+    {
+        std::string expression;
+        for (std::size_t j = 0; j < 40; ++j)
+        {
+            const std::size_t number = pick(numIdentifiers + 50);
+            expression.append(j == 0 ? "" : std::string(1, "&|"[pick(2)]));
+            expression.append(pick(3) == 0 ? "!" : "");
+            expression += std::string(1 + number % 5, 'x') + std::to_string(number);
+        }
+        ASSERT_NO_FATAL_FAILURE(compareUntraced(expression, table));
+    }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // What events report.
 //
-// - a null notifier: NullPtr, severity ERROR, and the end of the process with exit status 1
+// - a null notifier: NullPtr, severity ERROR, and the end of the process with exit status 1, before
+//   anything is traced
 // - unregistering from an event without registrations, or whose last one was removed
 // - unregistering another notifier, or at another priority
 // - the place that each report names
@@ -11,6 +12,7 @@
 #include <sstream>
 
 #include <utils/observer/Event.h>
+#include <utils/observer/Flags.h>
 
 #include "observer/Notifiers.h"
 #include "support/ConfigDirectory.h"
@@ -25,6 +27,8 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using utils::error::Error;
 using utils::observer::Event;
+using utils::observer::Flags;
+using utils::singleton::SingletonT;
 
 std::string address(const void* pointer)
 {
@@ -70,6 +74,20 @@ TEST_F(EventError, UnregisteringNullEndsTheProcessAlsoWithTheLockHeld)
     m_event.registerInterest(&m_a, 1);
     EXPECT_EXIT(m_event.unregisterInterest(nullptr, 1), testing::ExitedWithCode(1),
                 "Null pointer \\(notifierPtr\\) passed to Event::unregisterInterest\\.\n$");
+}
+
+// The default strategies write traces and errors to the same stream.
+TEST_F(EventError, RegisteringOrUnregisteringNullIsNotTraced)
+{
+    m_event.registerInterest(&m_a, 1);
+    SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(2);
+    EXPECT_EXIT(m_event.registerInterest(nullptr, 1), testing::ExitedWithCode(1),
+                "^!ERROR: [^\n]*\n[^\n]*\n"
+                "Null pointer \\(notifierPtr\\) passed to Event::registerInterest\\.\n$");
+    EXPECT_EXIT(m_event.unregisterInterest(nullptr, 1), testing::ExitedWithCode(1),
+                "^!ERROR: [^\n]*\n[^\n]*\n"
+                "Null pointer \\(notifierPtr\\) passed to Event::unregisterInterest\\.\n$");
+    SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(0);
 }
 
 TEST_F(EventError, UnregisteringWithoutAnyRegistration)

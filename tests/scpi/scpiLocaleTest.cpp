@@ -1,7 +1,8 @@
 // Letter case is that of the global locale at the time of each call.
 //
 // - the character helpers, the forms and the comparison follow the locale's facet
-// - a change of the global locale shows at the next call
+// - a change of the global locale shows at the next call, also that back to the classic one
+// - in the classic locale, and in another one, every character is what the facet says
 // - a facet whose upper and lower case do not correspond cannot make a comparison endless
 
 #include <gtest/gtest.h>
@@ -92,6 +93,35 @@ TEST_F(ScpiLocale, GovernsTheComparisonAtEveryCall)
     EXPECT_TRUE(command.isCompliant("{abc{def"));
     EXPECT_EQ(ScpiString("[abc[def").getLongName(), "[ABC{def");
     EXPECT_TRUE(ScpiString("[abc[def").isCompliant("{abc[def"));
+}
+
+TEST_F(ScpiLocale, GovernsAgainWhenItIsTheClassicOne)
+{
+    const ScpiString command("[abc[def");
+    use(new BracketLetters);
+    EXPECT_TRUE(command.isCompliant("{abc{def"));
+    std::locale::global(std::locale::classic());
+    EXPECT_FALSE(command.isCompliant("{abc{def"));
+    EXPECT_EQ(ScpiString("{abcd[x").getLongName(), "{ABCd[x");
+}
+
+TEST_F(ScpiLocale, GovernsEveryCharacter)
+{
+    const auto expectFacet = []
+    {
+        const std::locale locale;
+        const auto& facet = std::use_facet<std::ctype<char>>(locale);
+        for (int code = 0; code < 256; ++code)
+        {
+            const char character = static_cast<char>(code);
+            EXPECT_EQ(ScpiString::isLower(character), facet.is(std::ctype_base::lower, character));
+            EXPECT_EQ(ScpiString::toLower(character), facet.tolower(character)) << code;
+            EXPECT_EQ(ScpiString::toUpper(character), facet.toupper(character)) << code;
+        }
+    };
+    expectFacet();
+    use(new BracketLetters);
+    expectFacet();
 }
 
 TEST_F(ScpiLocale, MayBeInconsistentWithoutEndlessComparison)

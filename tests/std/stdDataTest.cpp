@@ -2,7 +2,7 @@
 //
 // - binary digits as strtoul() reads them, cut to 32 bits
 // - up to eight decimal digits are packed, the ninth and tenth wrap
-// - a dump of nothing writes nothing
+// - a dump of nothing writes nothing, nor does one to a stream that has failed
 // - rows of 16 bytes: offsets, hex column with its NUL, padding, text column
 // - offsets grow beyond four digits
 // - dumps of any length are whole, row by row; so are those of bytes of every value
@@ -98,6 +98,15 @@ TEST(StdDataDump, NothingWritesNothing)
     EXPECT_EQ(&Std_Data::output(os, "data", -1), &os);
     EXPECT_EQ(os.str(), "");
     EXPECT_TRUE(os.good());
+}
+
+TEST(StdDataDump, FailedStreamStaysFailed)
+{
+    std::ostringstream os;
+    os.setstate(std::ios_base::badbit);
+    EXPECT_EQ(&Std_Data::output(os, "data", 4), &os);
+    EXPECT_TRUE(os.bad());
+    EXPECT_EQ(os.str(), "");
 }
 
 TEST(StdDataDump, OneByte)
