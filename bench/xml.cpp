@@ -330,7 +330,7 @@ void addAll()
           std::pair(XmlKind::text, "text"), std::pair(XmlKind::nested, "nested"),
           std::pair(XmlKind::oneTag, "one_tag")})
     {
-        for (std::int64_t size = MIB; size <= 32 * MIB; size *= 2)
+        for (std::int64_t size = 128 * KIB; size <= 4 * MIB; size *= 2)
         {
             add(parse<GenericUtils>, std::string("growth/generic_utils/") + name, kind, size);
         }

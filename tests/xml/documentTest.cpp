@@ -1,6 +1,6 @@
 // Documents and parsers as objects.
 //
-// - a document copies its text and keeps it as it is
+// - a document copies its text, a large one, too, and keeps it as it is
 // - the name of the implicit root
 // - the events can be registered on through a constant document
 // - neither is copyable; both have virtual destructors
@@ -33,6 +33,17 @@ TEST_F(XmlDocument, KeepsACopyOfItsText)
     const DocumentForParsing document(xml);
     xml.clear();
     EXPECT_EQ(document.getXmlString(), std::string("<a>\0</a> ", 9));
+}
+
+TEST_F(XmlDocument, KeepsACopyOfALargeText)
+{
+    for (const std::size_t size : {std::size_t{32} << 20, (std::size_t{40} << 20) + 1})
+    {
+        std::string xml(size, 'x');
+        xml.replace(size / 2, 4, "<a/>");
+        const DocumentForParsing document(xml);
+        EXPECT_TRUE(document.getXmlString() == xml) << size;
+    }
 }
 
 TEST_F(XmlDocument, HasANameForItsRoot)

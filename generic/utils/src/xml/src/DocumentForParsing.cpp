@@ -3,13 +3,15 @@
 #include <utils/flag/Trace.h>
 #include <utils/xml/Flags.h>
 
+#include "xml/src/copyText.h"
+
 namespace utils::xml
 {
 
 // Never destroyed, like the error names of utils::error::Error.
 const std::string& DocumentForParsing::ROOT_ELEMENT_NAME = *new std::string("xml_root_node");
 
-DocumentForParsing::DocumentForParsing(const std::string& xml) : m_xmlString(xml)
+DocumentForParsing::DocumentForParsing(const std::string& xml) : m_xmlString(copyText(xml))
 {
     GENERIC_UTILS_TRACE_STEP(1, "Creating XML document for parsing:\n" << m_xmlString);
 }
