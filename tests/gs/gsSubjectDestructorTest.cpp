@@ -48,6 +48,7 @@ class GsSubjectDestructor : public testing::Test
     }
 
     const test::ConfigDirectory m_config;
+    const RecordingErrStrategy m_errors;
     Gs_Aspect m_level{"Level"};
     Gs_Aspect m_phase{"Phase"};
 };
