@@ -107,7 +107,8 @@ void Script::readInput()
     }
     if (size < 0)
     {
-        m_problems += fmt::format("{}: {}\n", m_file, std::generic_category().message(errno));
+        m_problems +=
+            fmt::format("instrument: {}: {}\n", m_file, std::generic_category().message(errno));
     }
     m_session.endInput();
     m_isAtEnd = true;
@@ -118,7 +119,7 @@ void Script::print(const std::string& response)
     std::cout << response << std::flush;
     if (!std::cout && !m_isAtEnd)
     {
-        m_problems += "standard output could not be written\n";
+        m_problems += "instrument: standard output could not be written\n";
         m_isAtEnd = true;
     }
 }

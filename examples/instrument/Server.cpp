@@ -118,6 +118,7 @@ void Server::add(tcp::socket socket)
         return;
     }
     socket.set_option(tcp::no_delay(true), error);
+    socket.set_option(tcp::socket::keep_alive(true), error);  // tells of hosts that have vanished
     const auto connection = std::make_shared<Connection>(
         std::move(socket), m_instrument, toString(peer),
         [this](const std::shared_ptr<Connection>& ended) { remove(ended); });

@@ -11,6 +11,24 @@
 namespace instrument
 {
 
+namespace
+{
+
+constexpr double MICROSECONDS_PER_MILLISECOND = 1000;
+
+}  // namespace
+
+Settle::Settle(std::shared_ptr<Acquisition> acquisition)
+    : SleepCommand(static_cast<int>(acquisition->channel.settleMs * MICROSECONDS_PER_MILLISECOND)),
+      m_acquisition(std::move(acquisition))
+{
+}
+
+int Settle::myExecute()
+{
+    return m_acquisition->isCancelled ? 1 : SleepCommand::myExecute();
+}
+
 TakeSamples::TakeSamples(std::shared_ptr<Acquisition> acquisition)
     : Command("TakeSamples"), m_acquisition(std::move(acquisition))
 {

@@ -4,12 +4,25 @@
 #include <memory>
 
 #include <utils/command/Command.h>
+#include <utils/command/SleepCommand.h>
 #include <utils/observer/Event.h>
 
 #include "core/Acquisition.h"
 
 namespace instrument
 {
+
+/// Waits until the channel has settled; not when the acquisition has been cancelled.
+class Settle : public utils::command::SleepCommand
+{
+  public:
+    explicit Settle(std::shared_ptr<Acquisition> acquisition);
+
+  private:
+    int myExecute() override;
+
+    std::shared_ptr<Acquisition> m_acquisition;
+};
 
 /// Takes the samples of an acquisition; fewer, when it is cancelled meanwhile.
 class TakeSamples : public utils::command::Command

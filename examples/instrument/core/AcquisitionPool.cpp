@@ -4,7 +4,6 @@
 
 #include <fmt/format.h>
 #include <utils/command/Macro.h>
-#include <utils/command/SleepCommand.h>
 
 #include "core/AcquisitionCommands.h"
 #include "core/limits.h"
@@ -13,7 +12,6 @@ namespace instrument
 {
 
 using utils::command::Macro;
-using utils::command::SleepCommand;
 using utils::task::Task;
 
 namespace
@@ -26,8 +24,6 @@ constexpr bool AUTO_DELETE = true;
 
 // Room for all acquisitions in the queue of one task, and for the macro that ends the task.
 constexpr unsigned long QUEUE_SIZE = limits::MAX_ACQUISITIONS + 1;
-
-constexpr double MICROSECONDS_PER_MILLISECOND = 1000;
 
 }  // namespace
 
@@ -67,8 +63,7 @@ bool AcquisitionPool::acquire(const std::shared_ptr<Acquisition>& acquisition)
     // Whatever becomes of a command, the last one has to be executed.
     auto macro = std::make_unique<Macro>("acquire " + acquisition->channel.name, CONTINUE_ON_ERROR,
                                          AUTO_DELETE);
-    const double settleUs = acquisition->channel.settleMs * MICROSECONDS_PER_MILLISECOND;
-    macro->add(new SleepCommand(static_cast<int>(settleUs)));
+    macro->add(new Settle(acquisition));
     macro->add(new TakeSamples(acquisition));
     macro->add(new Evaluate(acquisition));
     macro->add(new Announce(acquisition, m_finishedEvent));

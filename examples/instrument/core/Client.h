@@ -19,6 +19,16 @@ struct Client
     {
     }
 
+    /// The acquisition has ended, in whatever way.
+    void completeOperation()
+    {
+        if (isCompletionWanted)
+        {
+            status.setEvents(event::OPERATION_COMPLETE);
+            isCompletionWanted = false;
+        }
+    }
+
     Instrument& instrument;
     Status status;
     Measurement measurement;

@@ -1,5 +1,7 @@
 #include "core/ConfigurationBuilder.h"
 
+#include <strings.h>
+
 #include <algorithm>
 #include <map>
 #include <utility>
@@ -42,11 +44,13 @@ std::string parentOf(const ElementData& element)
     return level <= 1 ? "" : element.elementNames->at(level - 1);
 }
 
+// Names differ in more than the letter case, which clients need not keep to.
 template <typename Things>
 void requireNew(const Things& things, const ElementAttributes::Text& name)
 {
-    const bool isThere = std::any_of(things.begin(), things.end(),
-                                     [&](const auto& other) { return other.name == name.value; });
+    const bool isThere = std::any_of(
+        things.begin(), things.end(),
+        [&](const auto& other) { return strcasecmp(other.name.c_str(), name.value.c_str()) == 0; });
     if (isThere)
     {
         throw ConfigurationError(name.offset, fmt::format("'{}' is there twice", name.value));

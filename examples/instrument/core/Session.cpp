@@ -147,10 +147,7 @@ bool Session::call(Handler handler)
 
 void Session::finishAcquisition()
 {
-    if (std::exchange(m_client.isCompletionWanted, false))
-    {
-        m_client.status.setEvents(event::OPERATION_COMPLETE);
-    }
+    m_client.completeOperation();
     if (m_onReady)
     {
         m_onReady();

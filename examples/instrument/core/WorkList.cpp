@@ -24,4 +24,17 @@ void WorkList::runOne()
     work();
 }
 
+void WorkList::runPending()
+{
+    std::deque<std::function<void()>> pending;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        pending.swap(m_work);
+    }
+    for (const auto& work : pending)
+    {
+        work();
+    }
+}
+
 }  // namespace instrument

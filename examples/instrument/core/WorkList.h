@@ -20,6 +20,9 @@ class WorkList : public Executor
     /// Waits until there is work, and does it.
     void runOne();
 
+    /// Does the work that is there, without waiting for more.
+    void runPending();
+
   private:
     std::mutex m_mutex;
     std::condition_variable m_hasWork;

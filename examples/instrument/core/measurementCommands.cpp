@@ -90,12 +90,12 @@ void initiate(Client& client, const Arguments&)
 void abort(Client& client, const Arguments&)
 {
     client.measurement.abort();
-    client.isCompletionWanted = false;
+    client.completeOperation();
 }
 
-void measure(Client& client, const Arguments&)
+void measure(Client& client, const Arguments& arguments)
 {
-    client.measurement.abort();
+    abort(client, arguments);
     client.measurement.start();
 }
 
