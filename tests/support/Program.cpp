@@ -181,6 +181,16 @@ Program::~Program()
     close(m_errors);
 }
 
+std::string Program::readLine() const
+{
+    std::string line;
+    for (char byte = 0; read(m_output, &byte, 1) == 1 && byte != '\n';)
+    {
+        line += byte;
+    }
+    return line;
+}
+
 void Program::waitUntilOutputIsFull(std::size_t size) const
 {
     const auto capacity = static_cast<std::size_t>(fcntl(m_output, F_GETPIPE_SZ));

@@ -40,6 +40,9 @@ class Program
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
+    /// Reads a line of the output. @return the line without its line feed; what is left at the end
+    std::string readLine() const;
+
     /// Waits until a program that prints texts of one size waits for the pipe to be read.
     void waitUntilOutputIsFull(std::size_t size) const;
 

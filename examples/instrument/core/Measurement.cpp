@@ -37,6 +37,11 @@ void Measurement::start()
         throw CommandFailure(ScpiError::INIT_IGNORED);
     }
     m_acquisition.reset();
+    std::erase_if(m_aborted, [](const auto& aborted) { return aborted->isFinished; });
+    if (m_aborted.size() + 1 > limits::MAX_ACQUISITIONS_OF_CLIENT)
+    {
+        throw CommandFailure(ScpiError::EXECUTION_ERROR);
+    }
     auto acquisition = std::make_shared<Acquisition>(m_channel->getConfiguration(),
                                                      m_channel->getRange(), m_numPoints);
     acquisition->onFinished = m_onFinished;
@@ -53,7 +58,7 @@ void Measurement::abort()
     {
         m_acquisition->isCancelled = true;
         m_acquisition->onFinished = nullptr;
-        m_acquisition.reset();
+        m_aborted.push_back(std::move(m_acquisition));
     }
 }
 

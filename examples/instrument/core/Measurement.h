@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "core/Acquisition.h"
 #include "core/Instrument.h"
@@ -40,8 +41,8 @@ class Measurement
     void setBinary(bool isBinary) { m_isBinary = isBinary; }
 
     /// Begins an acquisition; earlier results are dropped.
-    /// @throw CommandFailure INIT_IGNORED when one is running, EXECUTION_ERROR when the instrument
-    ///        has too much to do
+    /// @throw CommandFailure INIT_IGNORED when one is running, EXECUTION_ERROR when too many that
+    ///        were aborted have not ended yet
     void start();
 
     /// Ends the acquisition that is running, if one is, without results.
@@ -60,6 +61,7 @@ class Measurement
     unsigned long m_numPoints;
     bool m_isBinary = false;
     std::shared_ptr<Acquisition> m_acquisition;
+    std::vector<std::shared_ptr<Acquisition>> m_aborted;  // that may not have ended yet
 };
 
 }  // namespace instrument

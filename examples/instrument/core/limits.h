@@ -20,9 +20,11 @@ inline constexpr std::size_t MAX_ERRORS = 32;
 /// How many clients may be connected at the same time.
 inline constexpr std::size_t MAX_CLIENTS = 32;
 
-/// How many acquisitions may be on their way at the same time, those that nobody waits for any more
-/// included.
-inline constexpr unsigned long MAX_ACQUISITIONS = 256;
+/// How many acquisitions of one client may be on their way at the same time, aborted ones included.
+inline constexpr unsigned long MAX_ACQUISITIONS_OF_CLIENT = 8;
+
+/// How many may be on their way in all, those of clients that have gone included.
+inline constexpr unsigned long MAX_ACQUISITIONS = MAX_CLIENTS * MAX_ACQUISITIONS_OF_CLIENT;
 
 /// Samples of one acquisition.
 inline constexpr unsigned long MIN_POINTS = 1;
