@@ -1,6 +1,5 @@
 """Starts the instrument's program, and stops it in order."""
 
-import os
 import pathlib
 import re
 import shutil
@@ -80,17 +79,6 @@ class InstrumentProcess:
     def wait(self):
         """Waits for the end of the program, and returns its exit status."""
         return self._process.wait(STOP_SECONDS)
-
-    def wait_until_not_caught(self, number):
-        """Waits until the program has left a signal to the system, or has ended."""
-        while self.status is None:
-            caught = re.search(r"SigCgt:\s*([0-9a-f]+)", self._proc_status())
-            if caught and not int(caught[1], 16) >> (number - 1) & 1:
-                return
-            os.sched_yield()
-
-    def _proc_status(self):
-        return pathlib.Path(f"/proc/{self._process.pid}/status").read_text()
 
     def stop(self):
         """Has the program end in order, and returns its exit status."""
