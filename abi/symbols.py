@@ -23,7 +23,7 @@ HEADER = """\
 # Each line: what it is, for data its size in bytes, its name as written in C++. A number in
 # brackets counts symbols of one name: the variants of a constructor or destructor.
 #
-# A line that vanishes breaks programs that were built before; docs/binary-interface.md says what
+# A line that vanishes breaks programs that were built before; docs/abi.md says what
 # then follows. Made by: abi/symbols.py update LIBRARY abi/{file}
 """
 
@@ -95,7 +95,7 @@ def check(library, list_file):
         print(f"{len(found)} names, all of them reviewed")
         return 0
     print(f"{library} ({machine}) differs from {list_file}:", *difference, sep="\n")
-    print("If this is meant: abi/symbols.py update, and see docs/binary-interface.md.")
+    print("If this is meant: abi/symbols.py update, and see docs/abi.md.")
     return 1
 
 

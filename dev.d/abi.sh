@@ -29,7 +29,7 @@ compare_baseline()
     mapfile -t headers < <(headers_options --headers-dir2)
     gzip --decompress --stdout "$2" >"$baseline"
     abidiff "${ABI_SCOPE[@]}" "${headers[@]}" "$baseline" "$1" || status=$?
-    ((status == 0)) || say "$1 differs from $2: see docs/binary-interface.md, then ./dev abi --update"
+    ((status == 0)) || say "$1 differs from $2: see docs/abi.md, then ./dev abi --update"
     return "$status"
 }
 
