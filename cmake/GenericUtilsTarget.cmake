@@ -21,6 +21,8 @@ function(generic_utils_configure target)
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion "${GENERIC_UTILS_PREFIX_MAP}")
   set_target_properties(${target} PROPERTIES
     CXX_EXTENSIONS OFF
+    # What is built finds its libraries wherever the build folder is, and does not name it.
+    BUILD_RPATH_USE_ORIGIN ON
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
   generic_utils_sanitize(${target})
