@@ -1,7 +1,11 @@
-// With traces off, parsing allocates nothing in steady state: once every record has held a name and
-// a value as long as any that follow.
+// Memory.
+//
+// - with traces off, parsing allocates nothing in steady state: once every record has held a name and
+//   a value as long as any that follow
+// - what notifiers write into the records is not kept
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <string>
 
@@ -55,6 +59,32 @@ TEST(XmlAllocation, ParsingAllocatesNothingInSteadyState)
     EXPECT_EQ(numRecords, 1000);
     EXPECT_GT(afterTenRecords, before);
     EXPECT_EQ(countAllocations() - afterTenRecords, 0U);
+}
+
+TEST(XmlAllocation, WhatNotifiersWriteIsNotKept)
+{
+    constexpr std::size_t SIZE = 100'000;
+    const ConfigDirectory configuration;
+    std::string xml = "<record";
+    for (int i = 0; i < 1000; ++i)
+    {
+        xml += " x='1'";
+    }
+    xml += "/>";
+
+    const DocumentForParsing document(xml);
+    std::size_t before = 0;
+    std::size_t after = 0;
+    test::ElementNotifier notifier(
+        [&](ElementData& data)
+        {
+            after = mallinfo2().uordblks;
+            before = before == 0 ? after : before;
+            data.value = std::string(SIZE, 'y');
+        });
+    document.m_attributeEvent.registerInterest(&notifier, 0);
+    EXPECT_TRUE(Parser(&document).parse());
+    EXPECT_LT(after, before + 100 * SIZE);
 }
 
 }  // namespace

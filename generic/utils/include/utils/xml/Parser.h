@@ -34,8 +34,8 @@ class PartCopier;
 ///
 /// Notifiers run on the calling thread. They may unregister as observer::Event says.
 ///
-/// Time grows with the length of the text, memory with that and with the depth of the elements; no
-/// depth is too large for the stack.
+/// Time grows with the length of the text, and of the names and values that are found in it; memory
+/// with that of the text and the depth of the elements. No depth is too large for the stack.
 ///
 /// Thread safety: belongs to one thread at a time. Several parsers may read one document at once
 /// when its events have locks, or nobody registers meanwhile and the notifiers allow it.
@@ -61,10 +61,13 @@ class GENERIC_UTILS_EXPORT Parser
   private:
     struct Tag;
 
-    bool getNextTag(Tag& tag);
-    std::size_t findLeftDelimiter() const;
-    bool isNameOfInnermost(std::size_t start) const;
-    bool getElementName(std::size_t left, std::size_t start, std::size_t end, Tag& tag) const;
+    bool processNextTag(std::size_t from, Tag& tag);
+    bool isPlainEndTag(std::size_t left) const;
+    void processPlainEndTag(std::size_t left);
+    bool getPlainStartTag(std::size_t left, Tag& tag);
+    bool getNextTag(std::size_t from, Tag& tag);
+    std::size_t findLeftDelimiter(std::size_t from);
+    bool getElementName(std::size_t left, std::size_t start, std::size_t end, Tag& tag);
     bool isLeafElement(bool endTag, bool emptyElement);
     bool getLeafValue();
     bool processNonEndTag(const Tag& tag);
@@ -76,7 +79,7 @@ class GENERIC_UTILS_EXPORT Parser
     const std::string& getXml() const { return m_documentPtr->getXmlString(); }
 
     const DocumentForParsing* m_documentPtr;
-    std::string m_tag;  // from "<" to ">"
+    std::string m_tag;  // from "<" to ">", when it is malformed
     std::size_t m_offset = 0;
     std::int32_t m_level = 0;
     std::vector<std::string> m_elementNames;

@@ -8,7 +8,7 @@
 #include <utils/xml/Flags.h>
 
 #include "internal/Report.h"
-#include "xml/src/CharacterSet.h"
+#include "xml/src/Markup.h"
 #include "xml/src/PartCopier.h"
 
 namespace utils::xml
@@ -18,31 +18,6 @@ using error::Error;
 
 namespace
 {
-
-constexpr std::size_t NOT_FOUND = std::string_view::npos;
-
-constexpr char LEFT_DELIMITER = '<';
-constexpr char RIGHT_DELIMITER = '>';
-constexpr char END_MARKER = '/';
-constexpr char NAME_VALUE_SEPARATOR = '=';
-
-constexpr CharacterSet WHITE_SPACE(" \t\r\n");
-constexpr CharacterSet ATTRIBUTE_NAME_TERMINATORS(" \t\r\n=");
-constexpr CharacterSet VALUE_DELIMITERS("\"'");
-
-// Where the searches for the end of a name and for what follows it both have to stop.
-constexpr CharacterSet ELEMENT_NAME_STOPS(" \t\r\n>/<");
-constexpr CharacterSet ATTRIBUTE_NAME_STOPS(" \t\r\n=\"'");
-
-// What is between these is skipped.
-struct Markup
-{
-    std::string_view open;
-    std::string_view close;
-};
-constexpr Markup PROCESSING_INSTRUCTION{"<?", "?>"};
-constexpr Markup COMMENT{"<!--", "-->"};
-constexpr Markup DOCUMENT_TYPE{"<!DOCTYPE", ">"};
 
 const char* const MALFORMED_TAG = "Malformed Tag";
 const char* const MALFORMED_ELEMENT = "Malformed Element";
@@ -56,57 +31,14 @@ template <typename... Words>
     error::report(where, name, Error::WARNING, words...);
 }
 
+bool isTraced()
+{
+    return flag::isTraced(flag::findTraceSteps<Flags>(), 2);
+}
+
 std::string_view partOf(const std::string& xml, std::size_t from, std::size_t to)
 {
     return {xml.data() + from, to - from};
-}
-
-const Markup* findSkippedMarkup(std::string_view text)
-{
-    for (const Markup* const markup : {&PROCESSING_INSTRUCTION, &COMMENT, &DOCUMENT_TYPE})
-    {
-        if (text.starts_with(markup->open))
-        {
-            return markup;
-        }
-    }
-    return nullptr;
-}
-
-// The first left delimiter from a position on that begins no skipped markup.
-[[gnu::noinline]] std::size_t findElementTag(std::string_view xml, std::size_t from)
-{
-    for (;;)
-    {
-        const std::size_t left = xml.find(LEFT_DELIMITER, from);
-        if (left == NOT_FOUND)
-        {
-            return NOT_FOUND;
-        }
-        const Markup* const markup = findSkippedMarkup(xml.substr(left));
-        if (markup == nullptr)
-        {
-            return left;
-        }
-        const std::size_t close = xml.find(markup->close, left + markup->open.size());
-        if (close == NOT_FOUND)
-        {
-            return NOT_FOUND;
-        }
-        from = close + 1;
-    }
-}
-
-// The right delimiter of a tag, searched from inside; NOT_FOUND also when a left one comes first.
-[[gnu::noinline]] std::size_t findRightDelimiter(std::string_view xml, std::size_t from)
-{
-    const std::size_t right = xml.find(RIGHT_DELIMITER, from);
-    if (right == NOT_FOUND)
-    {
-        return NOT_FOUND;
-    }
-    const bool isLeftFirst = xml.substr(from, right - from).find(LEFT_DELIMITER) != NOT_FOUND;
-    return isLeftFirst ? NOT_FOUND : right;
 }
 
 // Where the next attribute stands in a text of attributes.
@@ -181,7 +113,6 @@ struct Parser::Tag
     bool isLeaf = false;
     bool isEndTag = false;
     bool isEmptyElement = false;
-    bool isOfInnermost = false;  // an end tag with the name of the innermost open element
 };
 
 Parser::Parser(const DocumentForParsing* documentPtr) : m_documentPtr(documentPtr)
@@ -204,7 +135,8 @@ Parser::~Parser()
     GENERIC_UTILS_TRACE_STEP(1, "Destroying XML parser.");
 }
 
-// All that a tag takes is to become one function: the calls would be a third of the time.
+// Most tags have a name only, and are found out and processed in half the time of others. All that a
+// tag takes is to become one function: the calls would be a third of the time.
 [[gnu::flatten]] bool Parser::parse()
 {
     GENERIC_UTILS_TRACE_STEP(1, "Starting parsing of:\n" << getXml());
@@ -212,17 +144,14 @@ Parser::~Parser()
 
     while (m_offset < getXml().size())
     {
+        const std::size_t from = std::max(m_offset, m_leafEnd);
+        if (isPlainEndTag(from))
+        {
+            processPlainEndTag(from);
+            continue;
+        }
         Tag tag;
-        if (!getNextTag(tag))
-        {
-            return false;
-        }
-        if (tag.name.empty())
-        {
-            break;
-        }
-        GENERIC_UTILS_TRACE_STEP(2, "Processing tag '" << tag.name << "'.");
-        if (!(tag.isEndTag ? processEndTag(tag) : processNonEndTag(tag)))
+        if (!(getPlainStartTag(from, tag) ? processNonEndTag(tag) : processNextTag(from, tag)))
         {
             return false;
         }
@@ -237,11 +166,70 @@ Parser::~Parser()
     return true;
 }
 
-// Finds the next tag of an element and says what it is; without any the scan is at its end.
-bool Parser::getNextTag(Tag& tag)
+bool Parser::processNextTag(std::size_t from, Tag& tag)
+{
+    if (!getNextTag(from, tag))
+    {
+        return false;
+    }
+    if (tag.name.empty())
+    {
+        return true;
+    }
+    GENERIC_UTILS_TRACE_AT((SourceLocation{__FILE__, __LINE__, "parse"}),
+                           flag::findTraceSteps<Flags>(), 2,
+                           "Processing tag '" << tag.name << "'.");
+    return tag.isEndTag ? processEndTag(tag) : processNonEndTag(tag);
+}
+
+// Whether there stands an end tag as most are: of the innermost element, its name only, and untraced.
+bool Parser::isPlainEndTag(std::size_t left) const
 {
     const std::string& xml = getXml();
-    const std::size_t left = findLeftDelimiter();
+    if (xml[left] != LEFT_DELIMITER || xml[left + 1] != END_MARKER || m_level <= 0)
+    {
+        return false;
+    }
+    const std::string& name = innermostName();
+    const std::size_t nameStart = left + 2;
+    return xml.size() - left > name.size() + 2 && xml[nameStart + name.size()] == RIGHT_DELIMITER &&
+           std::memcmp(xml.data() + nameStart, name.data(), name.size()) == 0 && !isTraced();
+}
+
+void Parser::processPlainEndTag(std::size_t left)
+{
+    const std::size_t nameStart = left + 2;
+    const std::size_t nameEnd = nameStart + innermostName().size();
+    m_offset = nameEnd + 1;
+    closeElement(partOf(getXml(), nameStart, nameEnd));
+}
+
+// Gets a start tag as most are, of a name only, and untraced.
+// @return whether there stands one
+bool Parser::getPlainStartTag(std::size_t left, Tag& tag)
+{
+    const std::string& xml = getXml();
+    const std::size_t nameStart = left + 1;
+    if (xml[left] != LEFT_DELIMITER || !LETTERS.contains(xml[nameStart]))
+    {
+        return false;
+    }
+    const std::size_t nameEnd = ELEMENT_NAME_STOPS.findFirst(xml, nameStart);
+    if (nameEnd == NOT_FOUND || xml[nameEnd] != RIGHT_DELIMITER || isTraced())
+    {
+        return false;
+    }
+    m_offset = nameEnd + 1;
+    tag.name = partOf(xml, nameStart, nameEnd);
+    tag.isLeaf = isLeafElement(false, false);
+    return true;
+}
+
+// Finds the next tag of an element and says what it is; without any the scan is at its end.
+bool Parser::getNextTag(std::size_t from, Tag& tag)
+{
+    const std::string& xml = getXml();
+    const std::size_t left = findLeftDelimiter(from);
     if (left == NOT_FOUND)
     {
         m_offset = xml.size();
@@ -251,9 +239,7 @@ bool Parser::getNextTag(Tag& tag)
     // The delimiters of tags end white space and names, so the right one is not before their end.
     tag.isEndTag = xml[left + 1] == END_MARKER;
     const std::size_t nameStart = WHITE_SPACE.findFirstOther(xml, left + (tag.isEndTag ? 2 : 1));
-    tag.isOfInnermost = tag.isEndTag && isNameOfInnermost(nameStart);
-    const std::size_t nameEnd = tag.isOfInnermost ? nameStart + innermostName().size()
-                                                  : ELEMENT_NAME_STOPS.findFirst(xml, nameStart);
+    const std::size_t nameEnd = ELEMENT_NAME_STOPS.findFirst(xml, nameStart);
     const std::size_t right = nameEnd != NOT_FOUND && xml[nameEnd] == RIGHT_DELIMITER
                                   ? nameEnd
                                   : findRightDelimiter(xml, nameEnd);
@@ -266,7 +252,6 @@ bool Parser::getNextTag(Tag& tag)
              " ending offset ", end, '\n', partOf(xml, left, behind), '\n');
         return false;
     }
-    m_copier->copy(partOf(xml, left, right + 1), m_tag);
     m_offset = right + 1;
     tag.isEmptyElement = xml[right - 1] == END_MARKER;
 
@@ -285,28 +270,20 @@ bool Parser::getNextTag(Tag& tag)
     return true;
 }
 
-std::size_t Parser::findLeftDelimiter() const
+std::size_t Parser::findLeftDelimiter(std::size_t from)
 {
     const std::string& xml = getXml();
-    const std::size_t from = std::max(m_offset, m_leafEnd);
     const bool isElementTag =
         xml[from] == LEFT_DELIMITER && xml[from + 1] != '?' && xml[from + 1] != '!';
-    return isElementTag ? from : findElementTag(xml, from);
+    return isElementTag ? from : findElementTag(xml, from, m_offset);
 }
 
-bool Parser::isNameOfInnermost(std::size_t start) const
-{
-    const std::string& xml = getXml();
-    const std::string& name = innermostName();
-    return start < xml.size() && xml.size() - start > name.size() &&
-           std::memcmp(xml.data() + start, name.data(), name.size()) == 0 &&
-           ELEMENT_NAME_STOPS.contains(xml[start + name.size()]);
-}
-
-bool Parser::getElementName(std::size_t left, std::size_t start, std::size_t end, Tag& tag) const
+// Keeps the text of a malformed tag; to keep every one would be a tenth of the time of parsing.
+bool Parser::getElementName(std::size_t left, std::size_t start, std::size_t end, Tag& tag)
 {
     if (end <= start)
     {
+        m_tag = partOf(getXml(), left, m_offset);
         warn(GENERIC_UTILS_HERE, MALFORMED_TAG, "No element name specified in tag '",
              std::string_view(m_tag), "' in XML document near offset:", start - left, '\n');
         return false;
@@ -441,7 +418,7 @@ bool Parser::processEndTag(const Tag& tag)
              '\n');
         return false;
     }
-    if (!tag.isOfInnermost)
+    if (tag.name != innermostName())
     {
         warn(GENERIC_UTILS_HERE, TAG_MISMATCH, "End tag '", tag.name,
              "' does not match begin tag '", std::string_view(innermostName()), '\n');

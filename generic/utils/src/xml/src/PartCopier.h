@@ -1,6 +1,7 @@
 #ifndef UTILS_XML_PARTCOPIER_H
 #define UTILS_XML_PARTCOPIER_H
 
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -81,23 +82,28 @@ class PartCopier
 
     static bool hasOwnMemory(const std::string& target) { return target.capacity() > SHORT_SIZE; }
 
+    // As much as alternating long and short parts need; whoever writes into the strings may make
+    // them long time and again.
     [[gnu::noinline]] void keepMemory(std::string& target)
     {
-        m_spares.push_back(std::move(target));
+        if (m_numSpares < m_spares.size())
+        {
+            m_spares[m_numSpares++] = std::move(target);
+        }
     }
 
     [[gnu::noinline]] void copyLong(std::string_view part, std::string& target)
     {
-        if (!hasOwnMemory(target) && !m_spares.empty())
+        if (!hasOwnMemory(target) && m_numSpares > 0)
         {
-            target = std::move(m_spares.back());
-            m_spares.pop_back();
+            target = std::move(m_spares[--m_numSpares]);
         }
         target = part;
     }
 
     const char* m_lastShortPtr;  // the last place from which SHORT_SIZE characters can be copied
-    std::vector<std::string> m_spares;  // with memory of their own
+    std::array<std::string, 16> m_spares;
+    std::size_t m_numSpares = 0;  // that have memory of their own
 };
 
 }  // namespace utils::xml
