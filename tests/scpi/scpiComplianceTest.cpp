@@ -99,6 +99,16 @@ TEST_F(ScpiCompliance, OfAnEmptyNameMatchesNoHeader)
     EXPECT_FALSE(isCompliant("", " "));
 }
 
+// Of a header of quotes nothing is left that could differ.
+TEST_F(ScpiCompliance, OfAnEmptyNameMatchesAHeaderOfItsQuotesOnly)
+{
+    EXPECT_TRUE(isCompliant("", "\""));
+    EXPECT_TRUE(isCompliant("", "\"\""));
+    EXPECT_FALSE(isCompliant("", "\"\"\""));
+    EXPECT_FALSE(isCompliant("", "\"x"));
+    EXPECT_TRUE(isCompliant("\"", "\"\""));
+}
+
 TEST_F(ScpiCompliance, OfAQueryNeedsTheLongFormInTheLastNode)
 {
     EXPECT_TRUE(isCompliant("frequency?", "FREQUENCY?"));

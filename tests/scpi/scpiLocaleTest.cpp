@@ -1,6 +1,7 @@
 // Letter case is that of the global locale at the time of each call.
 //
 // - the character helpers, the forms and the comparison follow the locale's facet
+// - a locale that was combined with the classic one, and calls itself equal, governs as well
 // - a change of the global locale shows at the next call, also that back to the classic one
 // - in the classic locale, and in another one, every character is what the facet says
 // - a facet whose upper and lower case do not correspond cannot make a comparison endless
@@ -74,6 +75,17 @@ TEST_F(ScpiLocale, GovernsTheCharacterHelpers)
     EXPECT_TRUE(ScpiString::isLower('{'));
     EXPECT_EQ(ScpiString::toUpper('{'), '[');
     EXPECT_EQ(ScpiString::toLower('['), '{');
+}
+
+TEST_F(ScpiLocale, GovernsWhenItIsCombinedWithTheClassicOne)
+{
+    const std::locale owner(std::locale::classic(), new BracketLetters);
+    std::locale::global(std::locale::classic().combine<std::ctype<char>>(owner));
+    EXPECT_TRUE(ScpiString::isLower('{'));
+    EXPECT_EQ(ScpiString::toUpper('{'), '[');
+    EXPECT_EQ(ScpiString::toLower('['), '{');
+    EXPECT_EQ(ScpiString("fre{").getLongName(), "FRE[");
+    EXPECT_TRUE(ScpiString("fre{").isCompliant("FRE{"));
 }
 
 TEST_F(ScpiLocale, GovernsTheForms)

@@ -1,6 +1,7 @@
 #include <utils/scpi/ScpiString.h>
 
 #include <array>
+#include <cstring>
 #include <locale>
 #include <string_view>
 #include <utility>
@@ -66,6 +67,15 @@ class LocaleCase
     const std::ctype<char>& m_rules;
 };
 
+/// Whether a locale surely is the classic one; any other way to ask takes as long as a comparison
+/// of headers. The same bytes are the same locale. One with other bytes may be equal, too: it is then
+/// asked itself, and gives the same answers.
+bool isClassic(const std::locale& locale)
+{
+    static const std::locale& classic = std::locale::classic();
+    return std::memcmp(&locale, &classic, sizeof(locale)) == 0;
+}
+
 /// Calls a function with the letter case of the global locale.
 ///
 /// Nearly always that is the classic locale, whose letters are known: to look up its facet, and to
@@ -73,9 +83,8 @@ class LocaleCase
 template <typename Function>
 auto withLetterCase(Function function)
 {
-    static const std::locale& classic = std::locale::classic();
     const std::locale locale;
-    return locale == classic ? function(ClassicCase()) : function(LocaleCase(locale));
+    return isClassic(locale) ? function(ClassicCase()) : function(LocaleCase(locale));
 }
 
 // All steps of a comparison are traced in its name.
