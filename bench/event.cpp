@@ -56,6 +56,20 @@ class LockedUtilsEvent : public UtilsEvent
     explicit LockedUtilsEvent(std::size_t numReceivers) : UtilsEvent(numReceivers) { enableLock(); }
 };
 
+// Measures how long it waited for its lock, which locks do for whoever asks.
+class MeasuredUtilsEvent : public LockedUtilsEvent
+{
+  public:
+    explicit MeasuredUtilsEvent(std::size_t numReceivers) : LockedUtilsEvent(numReceivers)
+    {
+        generic::timing::IntervalAndDuration::setMeasuring(true);
+    }
+    ~MeasuredUtilsEvent() { generic::timing::IntervalAndDuration::setMeasuring(false); }
+
+    MeasuredUtilsEvent(const MeasuredUtilsEvent&) = delete;
+    MeasuredUtilsEvent& operator=(const MeasuredUtilsEvent&) = delete;
+};
+
 // The least that any of them can do: virtual calls along an array that nobody changes meanwhile.
 class Loop
 {
@@ -109,23 +123,6 @@ class PeerSignal
 using SigcSignal = PeerSignal<sigc::signal<void, void*>, sigc::connection>;
 
 using BoostSignal = PeerSignal<boost::signals2::signal<void(void*)>, boost::signals2::connection>;
-
-// With the record that our lock keeps: how long it took to get here, by the clock.
-class TimedBoostSignal : public BoostSignal
-{
-  public:
-    using BoostSignal::BoostSignal;
-
-    void notify(void* data)
-    {
-        m_timing.begin();
-        m_timing.end();
-        BoostSignal::notify(data);
-    }
-
-  private:
-    generic::timing::IntervalAndDuration m_timing;
-};
 
 // With priorities.
 class BoostGroups : public BoostSignal
@@ -272,7 +269,7 @@ void registerFillAndEmpty(const std::string& name, MakeNumbers makePriorities)
     registerNotify<SigcSignal>("notify/sigc");
     registerNotify<LockedUtilsEvent>("notify/utils_Event_locked");
     registerNotify<BoostSignal>("notify/boost");
-    registerNotify<TimedBoostSignal>("notify/boost_timed");
+    registerNotify<MeasuredUtilsEvent>("notify/utils_Event_measured");
     registerNotify<Loop>("notify/loop");
 
     registerFillAndEmpty<UtilsEvent>("utils_Event", allEqual);

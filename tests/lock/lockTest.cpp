@@ -122,6 +122,7 @@ TEST(Lock, WaitsWithoutLimitForTheHolder)
 
 TEST(Lock, LeavesTheTimeOfTheAcquisitionInTheTimingRecord)
 {
+    generic::timing::IntervalAndDuration::setMeasuring(true);
     COsMutex mutex;
     EXPECT_EQ(mutex.getTiming().getDurationNs(), 0);
     {

@@ -4,7 +4,7 @@
 // - dateTimeToStr writes local time, follows the time zone, and writes a time outside the calendar
 //   as a number;
 // - getUserName gives the login name of the effective user, or its number, from any thread;
-// - an interval is timed from its beginning to its end;
+// - an interval is timed from its beginning to its end, while that is wanted;
 // - the configuration directory comes from the environment, or is /etc/generic.
 
 #include <gtest/gtest.h>
@@ -15,6 +15,7 @@
 #include <time.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <limits>
 #include <memory>
 #include <string>
@@ -155,19 +156,65 @@ TEST(GetUserNameDeathTest, IsTheNumberOfAUserWithoutName)
     EXPECT_EXIT(exitWithTheNameOfAUserWithoutName(), testing::ExitedWithCode(0), "");
 }
 
+using generic::timing::IntervalAndDuration;
+
+void takeSomeTime()
+{
+    const auto begin = std::chrono::steady_clock::now();
+    while (std::chrono::steady_clock::now() == begin)
+    {
+    }
+}
+
+void measure(IntervalAndDuration& interval)
+{
+    interval.begin();
+    takeSomeTime();
+    interval.end();
+}
+
 TEST(IntervalAndDuration, TimesFromBeginToEnd)
 {
-    generic::timing::IntervalAndDuration interval;
+    IntervalAndDuration::setMeasuring(true);
+    IntervalAndDuration interval;
     EXPECT_EQ(interval.getDurationNs(), 0);
-    interval.begin();
-    interval.end();
-    EXPECT_GE(interval.getDurationNs(), 0);
+    measure(interval);
+    EXPECT_GT(interval.getDurationNs(), 0);
     EXPECT_LT(interval.getDurationNs(), 20'000'000'000);
+}
+
+TEST(IntervalAndDuration, IsNotTimedUnlessWanted)
+{
+    IntervalAndDuration interval;
+    measure(interval);
+    EXPECT_EQ(interval.getDurationNs(), 0);
+}
+
+TEST(IntervalAndDuration, KeepsTheLatestDurationWhenNoLongerTimed)
+{
+    IntervalAndDuration::setMeasuring(true);
+    IntervalAndDuration interval;
+    measure(interval);
+    const int64_t durationNs = interval.getDurationNs();
+
+    IntervalAndDuration::setMeasuring(false);
+    measure(interval);
+    EXPECT_EQ(interval.getDurationNs(), durationNs);
+}
+
+TEST(IntervalAndDuration, EndsUntimedWhenItBeganSo)
+{
+    IntervalAndDuration interval;
+    interval.begin();
+    IntervalAndDuration::setMeasuring(true);
+    interval.end();
+    EXPECT_EQ(interval.getDurationNs(), 0);
 }
 
 TEST(IntervalAndDuration, MayBeUsedBySeveralThreads)
 {
-    generic::timing::IntervalAndDuration interval;
+    IntervalAndDuration::setMeasuring(true);
+    IntervalAndDuration interval;
     std::vector<std::jthread> threads;
     for (int i = 0; i < 4; ++i)
     {

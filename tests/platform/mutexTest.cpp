@@ -232,6 +232,7 @@ TEST(COsMutex, HasAMutex)
 
 TEST(COsMutex, HasATimingRecord)
 {
+    generic::timing::IntervalAndDuration::setMeasuring(true);
     COsMutex mutex;
     EXPECT_EQ(mutex.getTiming().getDurationNs(), 0);
     mutex.getTiming().begin();
