@@ -3,6 +3,7 @@
 // - the constants, also while this program's static objects are initialised
 // - severities: values, texts, and "UNKNOWN" for any other
 // - header: severity, name, user, current time, place; whole texts
+// - numbers are written without the grouping of the global locale
 // - name and severity are kept
 // - a null file or function leaves the stream in its bad state
 // - output writes the text and nothing else; the stream operator calls the virtual output; an empty
@@ -24,6 +25,7 @@
 #include <utils/error/Error.h>
 
 #include "support/FixedUserAndTime.h"
+#include "support/GroupedNumbers.h"
 
 namespace
 {
@@ -131,6 +133,20 @@ TEST(ErrorHeader, TakesTextsAsTheyAre)
     EXPECT_EQ(textOf(error),
               "!INFO:  by tester on 2001-02-03 04:05:06.\n"
               "Generated from /-3/:\n");
+}
+
+TEST(ErrorHeader, NumbersAreIndependentOfTheGlobalLocale)
+{
+    const test::GroupedNumbers locale;
+    Error error("some/file", 1200, "function", "Name", Error::INFO);
+    error.getStream() << 1234567;
+    EXPECT_THAT(textOf(error), testing::EndsWith("/1200/function:\n1234567"));
+    Error copy(error);
+    copy.getStream() << 7654321;
+    EXPECT_THAT(textOf(copy), testing::EndsWith("12345677654321"));
+    copy = error;
+    copy.getStream() << 7654321;
+    EXPECT_THAT(textOf(copy), testing::EndsWith("12345677654321"));
 }
 
 TEST(ErrorTest, KeepsNameAndSeverity)

@@ -4,7 +4,7 @@
 //   setValue()
 // - setValueStr, per type: what it accepts, where reading stops, what fails; a failure leaves the
 //   value alone and is not reported
-// - getValueStr, per type
+// - getValueStr, per type, whatever the global locale
 // - arithmetic values may be changed while other threads read them
 
 #include <gmock/gmock.h>
@@ -18,6 +18,7 @@
 
 #include "support/ClogCapture.h"
 #include "support/ConfigDirectory.h"
+#include "support/GroupedNumbers.h"
 #include "support/RecordingErrorStrategy.h"
 
 namespace
@@ -258,6 +259,15 @@ TEST_F(FlagValue, MayBeChangedWhileOtherThreadsRead)
     changeWhileAnotherThreadReads(flagOfInt, 5);
     FlagT<unsigned long> flagOfUnsignedLong("u", 0);
     changeWhileAnotherThreadReads(flagOfUnsignedLong, 5UL);
+}
+
+TEST_F(FlagValue, TextIsIndependentOfTheGlobalLocale)
+{
+    const test::GroupedNumbers locale;
+    FlagT<int> flag("i", 1234567);
+    EXPECT_EQ(flag.getValueStr(), "1234567");
+    EXPECT_TRUE(flag.setValueStr(flag.getValueStr()));
+    EXPECT_EQ(flag.getValue(), 1234567);
 }
 
 TEST_F(FlagValue, BoolMayBeChangedWhileOtherThreadsRead)

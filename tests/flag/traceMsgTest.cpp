@@ -5,6 +5,7 @@
 // - header: short or full by the headers flag and the message's level; texts whole
 // - the header goes to the stream that it is given, shows the flag's value at that time and asks
 //   for the current time
+// - numbers are written without the grouping of the global locale
 // - output writes the text and nothing else; the stream operator calls the virtual output
 // - an empty message leaves the target stream good; formatting of the target stream is neither
 //   used nor changed
@@ -24,6 +25,7 @@
 
 #include "support/ConfigDirectory.h"
 #include "support/FixedUserAndTime.h"
+#include "support/GroupedNumbers.h"
 
 namespace
 {
@@ -253,6 +255,21 @@ TEST_F(TraceMsgTest, EmptyMessageLeavesTheTargetStreamGood)
     m_message.output(os);
     EXPECT_TRUE(os.good());
     EXPECT_EQ(os.str(), "");
+}
+
+TEST_F(TraceMsgTest, NumbersAreIndependentOfTheGlobalLocale)
+{
+    const test::GroupedNumbers locale;
+    setHeaders(0);
+    const FlagT<int> flag("App::m_traceSteps", 3000);
+    TraceMsg message(flag, 2000, "some/file", 1200, "function");
+    std::ostringstream header;
+    message.header(header);
+    EXPECT_EQ(header.str(),
+              "!TRACE (App::m_traceSteps = 3000; trace level = 2000) by tester on "
+              "2001-02-03 04:05:06.\nGenerated from some/file/1200/function:\n");
+    message.getStream() << 1234567;
+    EXPECT_EQ(message.getStream().str(), "1234567");
 }
 
 TEST_F(TraceMsgTest, OutputIgnoresAndKeepsTheFormatOfTheStream)

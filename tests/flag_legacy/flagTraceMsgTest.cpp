@@ -4,6 +4,7 @@
 // - the stream is made empty, and its whole text is handed out
 // - isActive() by level and master switch
 // - headers: short and full by the flag's three ways; null texts
+// - numbers are written without the grouping of the global locale
 // - interest and delivery: the default without strategies, else every interested strategy in order
 // - strategies leave when they are destroyed or cleaned up, however often they are listed
 // - strategies may end themselves and others while a message is delivered
@@ -25,6 +26,7 @@
 #include "flag_legacy/RecordingOlderTraces.h"
 #include "support/ClogCapture.h"
 #include "support/ConfigDirectory.h"
+#include "support/GroupedNumbers.h"
 
 namespace
 {
@@ -341,6 +343,19 @@ TEST_F(FlagTraceMsg, StrategyEndsItselfAndTheNextDuringDelivery)
     const RecordingOlderTraces last;
     Flag_TraceMsg(m_level, 1).notifyStrategies();
     EXPECT_EQ(last.getTexts().size(), 1U);
+}
+
+TEST_F(FlagTraceMsg, NumbersAreIndependentOfTheGlobalLocale)
+{
+    const test::GroupedNumbers locale;
+    const Flag_Flag<int> flag("App::m_many", 3000);
+    flags().m_traceMsgHeaderActive.setValue(0);
+    Flag_TraceMsg message(flag, 2000);
+    message.addHeader("some/file", 1200, "function");
+    message.getStream() << 1234567;
+    const std::string text = message.getString();
+    EXPECT_THAT(text, testing::HasSubstr("CurrLevel=3000 TraceLevel=2000 )"));
+    EXPECT_THAT(text, testing::EndsWith("Generated from some/file/1200/function:\n1234567"));
 }
 
 TEST_F(FlagTraceMsg, ClassesAreWhatTheyShouldBe)

@@ -12,7 +12,7 @@
 #include <utils/gsSubject.h>
 
 #include "gs/Actors.h"
-#include "observer/AllocationStandIn.h"
+#include "support/AllocationStandIn.h"
 #include "support/ConfigDirectory.h"
 
 namespace

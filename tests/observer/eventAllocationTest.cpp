@@ -11,7 +11,7 @@
 
 #include <utils/observer/Event.h>
 
-#include "observer/AllocationStandIn.h"
+#include "support/AllocationStandIn.h"
 #include "observer/MutexStandIn.h"
 #include "support/ConfigDirectory.h"
 #include "support/RecordingErrorStrategy.h"

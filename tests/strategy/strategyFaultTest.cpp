@@ -10,7 +10,7 @@
 #include <sstream>
 #include <string>
 
-#include "observer/AllocationStandIn.h"
+#include "support/AllocationStandIn.h"
 #include "strategy/Client.h"
 
 namespace

@@ -8,7 +8,7 @@
 #include <memory>
 #include <new>
 
-#include "observer/AllocationStandIn.h"
+#include "support/AllocationStandIn.h"
 #include "support/StepRecorder.h"
 #include "utils/task/TerminateTaskMacro.h"
 

@@ -1,6 +1,7 @@
 #ifndef UTILS_INTERNAL_TEXTOUTPUT_H
 #define UTILS_INTERNAL_TEXTOUTPUT_H
 
+#include <locale>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -16,12 +17,23 @@ inline void writeText(std::ostream& os, std::string_view text)
     os.write(text.data(), static_cast<std::streamsize>(text.size()));
 }
 
-/// The words one after the other, in a stream's default format.
+/// The words one after the other, in a stream's default format and whatever the global locale is; as
+/// far as they can be written (a null text can not).
+/// Throws when memory runs out, as a stream by itself does not, rather than give half of the text.
 template <typename... Words>
 std::string toText(const Words&... words)
 {
     std::ostringstream text;
-    (text << ... << words);
+    text.imbue(std::locale::classic());
+    try
+    {
+        text.exceptions(std::ios_base::badbit);
+        (text << ... << words);
+    }
+    catch (const std::ios_base::failure&)
+    {
+        // The text ends here.
+    }
     return std::move(text).str();
 }
 

@@ -1,12 +1,10 @@
 #include <utils/llsCalendarTime.h>
 
+#include <array>
+#include <cstdio>
 #include <ctime>
-#include <iomanip>
 #include <limits>
-#include <sstream>
-
-#include <utils/lock/Lock.h>
-#include <utils/singleton/NeverDestroyed.h>
+#include <mutex>
 
 #include "internal/NullText.h"
 
@@ -25,24 +23,19 @@ std::string format(const std::tm& time)
     constexpr const char* days[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
     constexpr const char* months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                       "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    const auto twoDigits = [](std::ostream& os, int number) -> std::ostream&
-    { return os << std::setw(2) << std::setfill('0') << number; };
-
-    std::ostringstream text;
-    text.imbue(std::locale::classic());
-    text << days[time.tm_wday] << ' ' << months[time.tm_mon] << std::setw(3) << time.tm_mday << ' ';
-    twoDigits(text, time.tm_hour) << ':';
-    twoDigits(text, time.tm_min) << ':';
-    twoDigits(text, time.tm_sec) << ' ' << FIRST_YEAR + time.tm_year;
-    return std::move(text).str();
+    std::array<char, 96> text{};
+    std::snprintf(text.data(), text.size(), "%s %s%3d %.2d:%.2d:%.2d %d", days[time.tm_wday],
+                  months[time.tm_mon], time.tm_mday, time.tm_hour, time.tm_min, time.tm_sec,
+                  FIRST_YEAR + time.tm_year);
+    return text.data();
 }
 
 // As localtime(), which notices a changed time zone, while localtime_r() does not. The C library has a
 // lock of its own here, which the thread sanitizer cannot see.
 bool toLocalTime(std::time_t calendarTime, std::tm& time)
 {
-    static singleton::NeverDestroyed<COsMutex> mutex;
-    const lock::Lock guard(mutex.get());
+    static std::mutex mutex;
+    const std::lock_guard guard(mutex);
     tzset();
     return localtime_r(&calendarTime, &time) != nullptr;
 }

@@ -37,6 +37,7 @@ Error::Error(const char* file, int line, const char* function, const std::string
              const Severity& severity)
     : m_name(name), m_severity(severity)
 {
+    m_stream.imbue(std::locale::classic());
     m_stream << "!" << severityToString(severity) << ": " << name << " by " << std::getUserName()
              << " on " << std::dateTimeToStr(std::time(nullptr)) << ".\n"
              << "Generated from " << file << "/" << line << "/" << function << ":\n";
@@ -47,6 +48,7 @@ Error::Error(const Error& other)
       m_severity(other.m_severity),
       m_stream(other.m_stream.str(), std::ios_base::out | std::ios_base::ate)
 {
+    m_stream.imbue(std::locale::classic());
 }
 
 Error& Error::operator=(const Error& other)
@@ -57,6 +59,7 @@ Error& Error::operator=(const Error& other)
         m_severity = other.m_severity;
         m_stream =
             std::ostringstream(other.m_stream.str(), std::ios_base::out | std::ios_base::ate);
+        m_stream.imbue(std::locale::classic());
     }
     return *this;
 }

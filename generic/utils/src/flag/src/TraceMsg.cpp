@@ -46,11 +46,15 @@ std::string currentTime()
 
 TraceMsg::TraceMsg(const FlagT<int>& traceLevel, int messageLevel, const char* file, int line,
                    const char* function)
-    : m_traceLevelPtr(&traceLevel), m_messageLevel(messageLevel)
+    : m_traceLevelPtr(&traceLevel),
+      m_messageLevel(messageLevel),
+      m_location(toText(file, "/", line, "/", function, ":\n"))
 {
-    m_stream << file << "/" << line << "/" << function << ":\n";
-    m_location = m_stream.str();
-    m_stream.str("");
+    m_stream.imbue(std::locale::classic());
+    if (file == nullptr || function == nullptr)
+    {
+        m_stream.setstate(std::ios_base::badbit);
+    }
 }
 
 TraceMsg::~TraceMsg() = default;

@@ -50,6 +50,7 @@ std::ostringstream& Flag_TraceMsg::getStream()
     if (m_streamPtr == nullptr)
     {
         m_streamPtr = std::make_unique<std::ostringstream>();
+        m_streamPtr->imbue(std::locale::classic());
     }
     return *m_streamPtr;
 }
@@ -92,6 +93,7 @@ void Flag_TraceMsg::notifyStrategies() const
 void Flag_TraceMsg::addHeader(const char* file, int line, const char* function)
 {
     std::ostringstream header;
+    header.imbue(std::locale::classic());
     if (isHeaderFull())
     {
         header << "!(TRACE Name=" << *m_namePtr << " CurrLevel=" << m_currLevel

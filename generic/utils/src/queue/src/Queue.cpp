@@ -58,9 +58,7 @@ Queue* findLeastUtilized(const std::vector<Queue*>& queues)
 
 std::string toHex(Queue::QueueSelectionAlgorithm algorithm)
 {
-    std::ostringstream text;
-    text << std::hex << reinterpret_cast<std::uintptr_t>(algorithm);
-    return text.str();
+    return toText(std::hex, reinterpret_cast<std::uintptr_t>(algorithm));
 }
 
 }  // namespace

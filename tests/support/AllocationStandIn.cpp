@@ -1,4 +1,4 @@
-#include "observer/AllocationStandIn.h"
+#include "support/AllocationStandIn.h"
 
 #include <cstdlib>
 #include <new>
