@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <iterator>
 
-#include <fmt/compile.h>
+#include <fmt/format.h>
 
 namespace instrument
 {
@@ -29,7 +29,7 @@ std::string toText(const std::vector<double>& samples)
     fmt::memory_buffer text;
     for (const double sample : samples)
     {
-        fmt::format_to(std::back_inserter(text), FMT_COMPILE("{:.9E},"), sample);
+        fmt::format_to(std::back_inserter(text), "{:.9E},", sample);
     }
     return {text.data(), text.size() - (samples.empty() ? 0 : 1)};
 }
