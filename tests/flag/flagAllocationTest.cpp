@@ -1,13 +1,18 @@
-// Texts of values when memory runs out.
+// Texts when memory runs out.
 //
-// - the text is whole, or asking for it fails
+// - the text of a value is whole, or asking for it fails
+// - a trace message has its whole location, or cannot be constructed
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <new>
+#include <sstream>
 #include <string>
 
 #include <utils/flag/FlagT.h>
+#include <utils/flag/Flags.h>
+#include <utils/flag/TraceMsg.h>
 
 #include "support/AllocationStandIn.h"
 #include "support/ConfigDirectory.h"
@@ -42,6 +47,32 @@ TEST(FlagAllocation, TextIsWholeOrAskingFails)
     for (long numToSucceed = 1; numToSucceed < 5; ++numToSucceed)
     {
         isWholeWith(numToSucceed, flag, value);
+    }
+}
+
+TEST(FlagAllocation, LocationOfATraceIsWholeOrConstructionFails)
+{
+    const test::ConfigDirectory emptyConfiguration;
+    utils::singleton::SingletonT<utils::flag::Flags>::getInstancePtr()
+        ->m_enableTraceMsgHeaders.setValue(0);
+    const utils::flag::FlagT<int> flag("i", 1);
+    const std::string file(100, 'f');
+    for (long numToSucceed = 0; numToSucceed < 5; ++numToSucceed)
+    {
+        test::setAllocationFailing(numToSucceed);
+        try
+        {
+            utils::flag::TraceMsg message(flag, 1, file.c_str(), 12, "function");
+            test::setAllocationFailing(-1);
+            std::ostringstream header;
+            message.header(header);
+            EXPECT_THAT(header.str(), testing::EndsWith(file + "/12/function:\n")) << numToSucceed;
+        }
+        catch (const std::bad_alloc&)
+        {
+            test::setAllocationFailing(-1);
+            EXPECT_LT(numToSucceed, 4);
+        }
     }
 }
 

@@ -21,6 +21,7 @@
 #include <utils/logexp/LogExp.h>
 
 #include "support/ConfigDirectory.h"
+#include "support/SmallStack.h"
 
 namespace
 {
@@ -308,7 +309,7 @@ TEST_F(LogExpTest, DeepNestingNeedsLittleStack)
 {
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, std::size_t{64} * 1024), 0);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, test::smallStackSize()), 0);
     bool result = false;
     pthread_t thread{};
     ASSERT_EQ(pthread_create(&thread, &attributes, evaluateDeepNesting, &result), 0);

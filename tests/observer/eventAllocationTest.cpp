@@ -11,8 +11,8 @@
 
 #include <utils/observer/Event.h>
 
-#include "support/AllocationStandIn.h"
 #include "observer/MutexStandIn.h"
+#include "support/AllocationStandIn.h"
 #include "support/ConfigDirectory.h"
 #include "support/RecordingErrorStrategy.h"
 

@@ -2,7 +2,10 @@
 //
 // - the three operations time the wait, pass 0 for it, and unlock at their end
 // - without a lock nothing is locked; enabling twice makes one mutex
-// - notifiers run with the lock held; the notification is traced without it
+// - notifiers run with the lock held; the notification is traced without it, as are a registration
+//   and the destruction; an unregistration is traced with the lock held, hence not when that fails
+// - a null notifier is refused before anything is locked when it registers, with the lock held and
+//   kept when it unregisters
 // - a lock that fails: nothing is registered, unregistering says true, nobody is notified; nothing
 //   is unlocked, nothing reported
 // - a failed unregistration keeps the lock, on each of its paths; the event can still be used by
@@ -14,7 +17,10 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdio>
+#include <cstdlib>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
 #include <thread>
 
@@ -41,6 +47,36 @@ using testing::SizeIs;
 using utils::observer::Event;
 using utils::observer::Flags;
 using utils::singleton::SingletonT;
+
+// How many locks are held, and how many mutexes have been destroyed, when a trace arrives.
+class TraceListener : public utils::strategy::StrategyT<utils::flag::TraceMsg>
+{
+  public:
+    TraceListener() : StrategyT("Trace", "Listener", false)
+    {
+        SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(2);
+    }
+    ~TraceListener() override { SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(0); }
+
+    bool isInterested(const utils::flag::TraceMsg&) override { return true; }
+
+    void processClientObject(utils::flag::TraceMsg& traceMsg) override
+    {
+        const int numHeld = countHeldLocks();
+        std::ostringstream text;
+        traceMsg.output(text);
+        const std::string words = test::RecordingTraceStrategy::withoutHeader(text.str());
+        m_traces.push_back(words.substr(0, words.find(' ')) + ", " + std::to_string(numHeld) +
+                           " held");
+        for (const std::string& call : takeMutexCalls())
+        {
+            m_isDestroyed = m_isDestroyed || call == "destroy";
+        }
+    }
+
+    std::vector<std::string> m_traces;
+    bool m_isDestroyed = false;
+};
 
 class EventLock : public testing::Test
 {
@@ -99,24 +135,71 @@ TEST_F(EventLock, IsHeldWhileNotifiersRun)
 
 TEST_F(EventLock, IsReleasedBeforeTheNotificationIsTraced)
 {
-    class Listener : public utils::strategy::StrategyT<utils::flag::TraceMsg>
-    {
-      public:
-        Listener() : StrategyT("Trace", "Listener", false) {}
-        bool isInterested(const utils::flag::TraceMsg&) override
-        {
-            m_numHeld = countHeldLocks();
-            return false;
-        }
-        void processClientObject(utils::flag::TraceMsg&) override {}
-
-        int m_numHeld = -1;
-    };
-    SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(2);
-    Listener listener;
+    const TraceListener listener;
     m_event->notify(nullptr);
-    EXPECT_EQ(listener.m_numHeld, 0);
-    SingletonT<Flags>::getInstancePtr()->m_traceSteps.setValue(0);
+    EXPECT_THAT(listener.m_traces, ElementsAre("An, 0 held"));
+}
+
+TEST_F(EventLock, IsNotYetTakenWhenARegistrationIsTraced)
+{
+    const TraceListener listener;
+    m_event->registerInterest(&m_b, 2);
+    setLockFailing(true);
+    m_event->registerInterest(&m_b, 2);
+    setLockFailing(false);
+    EXPECT_THAT(listener.m_traces, ElementsAre("Registering, 0 held", "Registering, 0 held"));
+}
+
+TEST_F(EventLock, IsHeldWhenAnUnregistrationIsTraced)
+{
+    const TraceListener listener;
+    EXPECT_TRUE(m_event->unregisterInterest(&m_a, 1));
+    setLockFailing(true);
+    EXPECT_TRUE(m_event->unregisterInterest(&m_a, 1));
+    setLockFailing(false);
+    EXPECT_THAT(listener.m_traces, ElementsAre("Unregistering, 1 held"));
+}
+
+TEST_F(EventLock, IsStillThereWhenTheDestructionIsTraced)
+{
+    const TraceListener listener;
+    m_event.reset();
+    EXPECT_THAT(listener.m_traces, ElementsAre("Destroying, 0 held"));
+    EXPECT_FALSE(listener.m_isDestroyed);
+    EXPECT_THAT(takeMutexCalls(), testing::Contains("destroy"));
+}
+
+// Tells by its exit how many locks the process held then.
+void writeHeldLocksAtExit()
+{
+    std::atexit([] { std::fprintf(stderr, "%d held, ", countHeldLocks()); });
+}
+
+TEST_F(EventLock, IsNotTakenForARegistrationOfNull)
+{
+    EXPECT_EXIT(
+        {
+            writeHeldLocksAtExit();
+            setLockFailing(true);
+            m_event->registerInterest(nullptr, 1);
+        },
+        testing::ExitedWithCode(1), "^0 held, ");
+    EXPECT_EXIT(
+        {
+            writeHeldLocksAtExit();
+            m_event->registerInterest(nullptr, 1);
+        },
+        testing::ExitedWithCode(1), "^0 held, ");
+}
+
+TEST_F(EventLock, IsKeptByUnregisteringNull)
+{
+    EXPECT_EXIT(
+        {
+            writeHeldLocksAtExit();
+            m_event->unregisterInterest(nullptr, 1);
+        },
+        testing::ExitedWithCode(1), "^1 held, ");
 }
 
 TEST_F(EventLock, ThatFailsKeepsARegistrationOut)

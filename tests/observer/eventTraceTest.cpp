@@ -107,6 +107,36 @@ TEST_F(EventTrace, ShowsTheUnregistrationOnlyWhenThereAreRegistrations)
     EXPECT_THAT(m_errors.getReports(), testing::SizeIs(2));
 }
 
+// Writes the kinds of what arrives into a journal.
+template <typename Object>
+class KindWriter : public utils::strategy::StrategyT<Object>
+{
+  public:
+    KindWriter(const char* kind, std::vector<std::string>& journal)
+        : utils::strategy::StrategyT<Object>(kind, "Kinds", false), m_journal(journal)
+    {
+    }
+
+    bool isInterested(const Object&) override { return true; }
+    void processClientObject(Object&) override { m_journal.push_back(this->getType()); }
+
+  private:
+    std::vector<std::string>& m_journal;
+};
+
+TEST_F(EventTrace, ShowsTheUnregistrationBeforeItsError)
+{
+    Event event;
+    event.registerInterest(&m_a, 1);
+    setLevel(1);
+    std::vector<std::string> kinds;
+    const KindWriter<utils::flag::TraceMsg> traces("Trace", kinds);
+    const KindWriter<utils::error::Error> errors("Error", kinds);
+    event.unregisterInterest(&m_a, 2);
+    EXPECT_THAT(kinds, ElementsAre("Trace", "Error"));
+    setLevel(0);
+}
+
 TEST_F(EventTrace, NamesFlagLevelAndPlace)
 {
     setLevel(2);

@@ -71,6 +71,15 @@ TEST_F(ScpiTrace, ShowsSettingBeforeCreating)
     EXPECT_THAT(takeWords(), ElementsAre("Destroying Scpi String 'POWer'."));
 }
 
+TEST_F(ScpiTrace, ShowsAStringLikeCharacters)
+{
+    setLevel(3);
+    const ScpiString command(std::string("power"));
+    EXPECT_THAT(takeWords(), ElementsAre("Setting Scpi String using 'power'.",
+                                         "Creating Scpi String for 'power'."));
+    setLevel(0);
+}
+
 TEST_F(ScpiTrace, ShowsNothingOfANullName)
 {
     setLevel(3);

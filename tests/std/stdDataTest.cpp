@@ -55,6 +55,7 @@ TEST(StdDataBinary, NoDigitIsZero)
     EXPECT_EQ(Std_Data::binaryStrToUInt32(""), 0U);
     EXPECT_EQ(Std_Data::binaryStrToUInt32("2"), 0U);
     EXPECT_EQ(Std_Data::binaryStrToUInt32("x1"), 0U);
+    EXPECT_EQ(Std_Data::binaryStrToUInt32("0b101"), 0U);
 }
 
 TEST(StdDataBinary, WhiteSpaceAndSignAreAccepted)

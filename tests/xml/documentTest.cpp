@@ -5,7 +5,9 @@
 // - the events can be registered on through a constant document
 // - neither is copyable; both have virtual destructors
 // - a null document ends the process
-// - a parser parses once; a second call appends the root again and finds nothing further
+// - a parser parses once; a second call appends the root again and finds nothing further; after a
+//   stop it goes on where that was
+// - a record that says stop says so until somebody lets it proceed
 // - several parsers for one document, one after the other
 // - the start values of an element's record
 
@@ -121,6 +123,72 @@ TEST_F(XmlParser, MissesTheSameEndTagInASecondCall)
     ASSERT_THAT(m_errors.getReports(), SizeIs(1));
     EXPECT_EQ(m_errors.getReports().front().getWords(),
               "Missing one or more end tags in XML document near offset:7");
+}
+
+TEST_F(XmlParser, GoesOnBehindAStopInASecondCall)
+{
+    const DocumentForParsing document("<a/><b/><c/>");
+    std::vector<std::string> lines;
+    const test::EventJournal journal(document,
+                                     [&](const std::string& line) { lines.push_back(line); });
+    const std::vector<std::string>* names = nullptr;
+    bool isStopping = true;
+    test::ElementNotifier stop(
+        [&](ElementData& data)
+        {
+            names = data.elementNames;
+            data.proceed = !isStopping;
+        });
+    document.m_leafElementEvent.registerInterest(&stop, 1);
+    Parser parser(&document);
+    EXPECT_FALSE(parser.parse());
+    EXPECT_THAT(lines, ElementsAre("start 1 a", "leaf 1 a=''"));
+    isStopping = false;
+    lines.clear();
+    EXPECT_FALSE(parser.parse());
+    EXPECT_THAT(lines, ElementsAre("start 2 b", "leaf 2 b=''", "end 2 b", "start 2 c",
+                                   "leaf 2 c=''", "end 2 c"));
+    EXPECT_THAT(*names, ElementsAre("xml_root_node", "a", "xml_root_node"));
+    ASSERT_THAT(m_errors.getReports(), SizeIs(1));
+    EXPECT_EQ(m_errors.getReports().front().getWords(),
+              "Missing one or more end tags in XML document near offset:12");
+}
+
+TEST_F(XmlParser, StopsAgainUntilTheRecordIsToldToProceed)
+{
+    for (const bool isAttribute : {false, true})
+    {
+        const DocumentForParsing document("<a x='1'/><b x='1'/>");
+        std::vector<std::string> names;
+        test::ElementNotifier stopOnce(
+            [&](ElementData& data)
+            {
+                data.proceed = data.proceed && !names.empty();
+                names.push_back((*data.elementNames).back());
+            });
+        (isAttribute ? document.m_attributeEvent : document.m_leafElementEvent)
+            .registerInterest(&stopOnce, 1);
+        Parser parser(&document);
+        EXPECT_FALSE(parser.parse());
+        EXPECT_FALSE(parser.parse());
+        EXPECT_THAT(names, ElementsAre("a", "b"));
+        EXPECT_THAT(m_errors.getReports(), testing::IsEmpty());
+    }
+}
+
+TEST_F(XmlParser, KeepsWhatWasDoneToTheStartRecord)
+{
+    const DocumentForParsing document("<a/><b/>");
+    std::vector<bool> proceeds;
+    test::ElementNotifier notifier(
+        [&](ElementData& data)
+        {
+            proceeds.push_back(data.proceed);
+            data.proceed = false;
+        });
+    document.m_startOfElementEvent.registerInterest(&notifier, 1);
+    EXPECT_TRUE(Parser(&document).parse());
+    EXPECT_THAT(proceeds, ElementsAre(true, false));
 }
 
 TEST_F(XmlParser, OfOneDocumentMayBeSeveral)

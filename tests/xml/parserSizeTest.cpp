@@ -12,6 +12,7 @@
 
 #include <pthread.h>
 
+#include "support/SmallStack.h"
 #include "xml/XmlTest.h"
 
 namespace
@@ -176,7 +177,7 @@ TEST_F(XmlSize, DeepNestingNeedsLittleStack)
 {
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, std::size_t{64} * 1024), 0);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, test::smallStackSize()), 0);
     bool result = false;
     pthread_t thread{};
     ASSERT_EQ(pthread_create(&thread, &attributes, parseDeepNesting, &result), 0);

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include <utils/flag/Flags.h>
+#include <utils/observer/Flags.h>
 #include <utils/xml/Flags.h>
 
 #include "support/RecordingTraceStrategy.h"
@@ -61,6 +62,25 @@ TEST_F(XmlTrace, ShowsTheTextAtLevelOne)
 
     document.reset();
     EXPECT_THAT(takeWords(), ElementsAre("Destroying XML document for parsing."));
+}
+
+TEST_F(XmlTrace, ShowsTheDocumentsLifeAroundThatOfItsEvents)
+{
+    auto& eventLevel = SingletonT<utils::observer::Flags>::getInstancePtr()->m_traceSteps;
+    setLevel(1);
+    eventLevel.setValue(1);
+    {
+        const DocumentForParsing document("<a/>");
+    }
+    eventLevel.setValue(0);
+    std::vector<std::string> firstWords;
+    for (const std::string& words : takeWords())
+    {
+        firstWords.push_back(words.substr(0, words.find(' ', words.find(' ') + 1)));
+    }
+    EXPECT_THAT(firstWords, ElementsAre("Creating an", "Creating an", "Creating an", "Creating an",
+                                        "Creating XML", "Destroying XML", "Destroying an",
+                                        "Destroying an", "Destroying an", "Destroying an"));
 }
 
 TEST_F(XmlTrace, ShowsTagsAndNotificationsAtLevelTwo)

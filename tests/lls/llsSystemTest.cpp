@@ -1,6 +1,7 @@
-// Calendar times when memory runs out.
+// Calendar times, environment variables and users, seen from the system's side.
 //
-// - the text is whole, or construction fails
+// - the text of a time is whole, or construction fails
+// - none of them locks the platform's mutexes
 
 #include <gtest/gtest.h>
 
@@ -8,15 +9,18 @@
 #include <new>
 
 #include <utils/llsCalendarTime.h>
+#include <utils/llsEnvVar.h>
+#include <utils/llsUser.h>
 
 #include "support/AllocationStandIn.h"
+#include "support/MutexCalls.h"
 
 namespace
 {
 
 using utils::Lls_CalendarTime;
 
-TEST(LlsAllocation, TextIsWholeOrConstructionFails)
+TEST(LlsSystem, TextIsWholeOrConstructionFails)
 {
     setenv("TZ", "UTC0", 1);
     EXPECT_EQ(Lls_CalendarTime(0).getStr(), "Thu Jan  1 00:00:00 1970");
@@ -36,6 +40,16 @@ TEST(LlsAllocation, TextIsWholeOrConstructionFails)
         {
         }
     }
+}
+
+TEST(LlsSystem, HasNoLocks)
+{
+    const test::MutexCalls calls;
+    const Lls_CalendarTime time(0);
+    const utils::Lls_EnvVar variable("PATH");
+    EXPECT_TRUE(variable.isDefined());
+    const utils::Lls_User user;
+    EXPECT_TRUE(calls.getCalls().empty());
 }
 
 }  // namespace
