@@ -10,8 +10,8 @@
 #include <sstream>
 #include <string>
 
-#include "support/AllocationStandIn.h"
 #include "strategy/Client.h"
+#include "support/AllocationStandIn.h"
 
 namespace
 {
