@@ -99,15 +99,16 @@ class GENERIC_UTILS_EXPORT Event
     {
         const unsigned long numTablesEnded = m_numTablesEnded;
         unsigned long count = 0;
-        for (const NotifierEntry* nextPtr = m_firstPtr; nextPtr != nullptr;)
+        const NotifierEntry* nextPtr = m_firstPtr;
+        while (nextPtr != nullptr)
         {
             Notifier* const notifierPtr = nextPtr->notifierPtr;
             nextPtr = nextPtr->nextPtr;  // before the call, which may remove this entry
             ++count;
             notifierPtr->notify(data);
-            if (m_numTablesEnded != numTablesEnded)
+            if (nextPtr == nullptr || m_numTablesEnded != numTablesEnded)
             {
-                break;  // the next entry belongs to a table that is gone
+                break;  // if there is a next entry, it belongs to a table that is gone
             }
         }
         return count;
