@@ -67,9 +67,9 @@ class LocaleCase
     const std::ctype<char>& m_rules;
 };
 
-/// Whether a locale surely is the classic one; any other way to ask takes as long as a comparison
-/// of headers. The same bytes are the same locale. One with other bytes may be equal, too: it is then
-/// asked itself, and gives the same answers.
+/// Whether a locale is the classic one itself. Comparing them with == would take as long as comparing
+/// headers does, and be wrong: a locale that was combined with the classic one is equal to it,
+/// whatever its letters.
 bool isClassic(const std::locale& locale)
 {
     static const std::locale& classic = std::locale::classic();
