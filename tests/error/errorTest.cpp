@@ -41,7 +41,7 @@ std::string textOf(const Error& error)
 
 Error makeError()
 {
-    return Error("some/file", 12, "function", "Some Name", Error::WARNING);
+    return {"some/file", 12, "function", "Some Name", Error::WARNING};
 }
 
 TEST(ErrorConstants, HaveTheirValues)

@@ -43,7 +43,6 @@ using test::setLockFailing;
 using test::takeMutexCalls;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 using utils::observer::Event;
 using utils::observer::Flags;
 using utils::singleton::SingletonT;

@@ -89,7 +89,7 @@ TEST_F(XmlSize, NothingButLeftDelimiters)
         int m_numErrors = 0;
     };
     SizeStrategy strategy;
-    constexpr std::size_t size = 64 * 1024 * 1024;
+    constexpr std::size_t size = std::size_t{64} * 1024 * 1024;
     EXPECT_FALSE(parseOnly(std::string(size, '<')));
     EXPECT_EQ(strategy.m_numErrors, 1);
     EXPECT_GT(strategy.m_size, size);

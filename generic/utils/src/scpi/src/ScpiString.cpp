@@ -73,6 +73,7 @@ class LocaleCase
 bool isClassic(const std::locale& locale)
 {
     static const std::locale& classic = std::locale::classic();
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): the same locale is all that is asked
     return std::memcmp(&locale, &classic, sizeof(locale)) == 0;
 }
 
