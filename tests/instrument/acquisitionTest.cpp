@@ -209,7 +209,7 @@ TEST(InstrumentPool, FinishesAllThatWasHandedOver)
     EXPECT_FALSE(pool.isRunning());
     for (const auto& acquisition : acquisitions)
     {
-        EXPECT_EQ(acquisition->samples.size(), 100u);
+        EXPECT_EQ(acquisition->samples.size(), 100U);
     }
     work.runPending();
     EXPECT_TRUE(acquisitions.back()->isFinished);

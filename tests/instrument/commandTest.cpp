@@ -369,7 +369,7 @@ TEST(InstrumentClients, AreNotSentResponsesThatAreTooLong)
     EXPECT_EQ(client.ask("FETC:WAV?;WAV?;:OUTP ON"), NOTHING);
     EXPECT_EQ(client.error(), "-430,\"Query DEADLOCKED\"");
     EXPECT_EQ(client.ask("*ESR?;:OUTP?"), "4;0");
-    EXPECT_EQ(client.ask("FETC:WAV?").size(), 16'499'999u);
+    EXPECT_EQ(client.ask("FETC:WAV?").size(), 16'499'999U);
 }
 
 TEST(InstrumentClients, MaySendAnything)

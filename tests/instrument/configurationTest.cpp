@@ -69,8 +69,8 @@ TEST(InstrumentConfiguration, SaysWhatTheInstrumentIs)
         "</instrument>",
         "x.xml");
 
-    EXPECT_EQ(configuration.poolSize, 3u);
-    ASSERT_EQ(configuration.channels.size(), 1u);
+    EXPECT_EQ(configuration.poolSize, 3U);
+    ASSERT_EQ(configuration.channels.size(), 1U);
     const auto& channel = configuration.channels[0];
     EXPECT_EQ(channel.name, "Probe_1");
     EXPECT_EQ(channel.waveForm, WaveForm::SINE);
@@ -78,15 +78,15 @@ TEST(InstrumentConfiguration, SaysWhatTheInstrumentIs)
     EXPECT_EQ(channel.offset, -0.5);
     EXPECT_EQ(channel.frequency, 1000);
     EXPECT_EQ(channel.noiseRms, 0.25);
-    EXPECT_EQ(channel.noiseSeed, 42u);
+    EXPECT_EQ(channel.noiseSeed, 42U);
     EXPECT_EQ(channel.sampleRate, 5000);
     EXPECT_EQ(channel.settleMs, 2.5);
     EXPECT_EQ(channel.ranges, (std::vector<double>{1, 10}));
     EXPECT_EQ(channel.defaultRange, 1);
-    ASSERT_EQ(configuration.states.size(), 1u);
+    ASSERT_EQ(configuration.states.size(), 1U);
     EXPECT_EQ(configuration.states[0].name, "door");
     EXPECT_TRUE(configuration.states[0].isSet);
-    ASSERT_EQ(configuration.interlocks.size(), 1u);
+    ASSERT_EQ(configuration.interlocks.size(), 1U);
     EXPECT_EQ(configuration.interlocks[0].name, "guard");
     EXPECT_EQ(configuration.interlocks[0].expression, "door &  door");
 }
@@ -99,7 +99,7 @@ TEST(InstrumentConfiguration, HasDefaults)
         "<range volts='3'/></channel><state name='s'/></instrument>",
         "x.xml");
 
-    EXPECT_EQ(configuration.poolSize, 1u);
+    EXPECT_EQ(configuration.poolSize, 1U);
     const auto& channel = configuration.channels.at(0);
     EXPECT_EQ(channel.waveForm, WaveForm::TRIANGLE);
     EXPECT_EQ(channel.amplitude, 0);
@@ -116,9 +116,9 @@ TEST(InstrumentConfiguration, OfTheExampleIsGood)
 {
     const ConfigDirectory flags;
     const Configuration configuration = readConfigurationFile(INSTRUMENT_FOLDER "/instrument.xml");
-    EXPECT_EQ(configuration.channels.size(), 4u);
-    EXPECT_EQ(configuration.states.size(), 3u);
-    EXPECT_EQ(configuration.interlocks.size(), 2u);
+    EXPECT_EQ(configuration.channels.size(), 4U);
+    EXPECT_EQ(configuration.states.size(), 3U);
+    EXPECT_EQ(configuration.interlocks.size(), 2U);
 }
 
 TEST(InstrumentConfiguration, FileThatIsNotThereIsTold)

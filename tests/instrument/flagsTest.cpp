@@ -40,7 +40,7 @@ TEST(InstrumentFlagsFile, HoldsTheDefaultOfEveryFlag)
     shipped->redoInitialValuesCollection();
 
     const auto& flags = *SingletonT<std::map<std::string, Flag*>>::getInstancePtr();
-    ASSERT_GE(flags.size(), 14u);
+    ASSERT_GE(flags.size(), 14U);
     for (const auto& [name, flag] : flags)
     {
         std::string inFile;
@@ -66,7 +66,7 @@ TEST(InstrumentFlags, AreReadAgain)
     device.getFlags().writeValues("instrument::m_traceSteps\n0\n");
     EXPECT_EQ(client.ask("SYST:FLAG:REL;:SYST:ERR:COUN?"), "1");
     client.ask("OUTP ON");
-    EXPECT_EQ(traces.getWords().size(), 2u);
+    EXPECT_EQ(traces.getWords().size(), 2U);
 }
 
 TEST(InstrumentFlags, OfTheLibraryAreReadAgain)

@@ -69,7 +69,7 @@ ScpiError errorOf(const std::string& unit)
 Parameter parameterOf(const std::string& text)
 {
     const MessageUnit unit = parseUnit("X " + text);
-    EXPECT_EQ(unit.parameters.size(), 1u);
+    EXPECT_EQ(unit.parameters.size(), 1U);
     return unit.parameters.at(0);
 }
 
@@ -194,7 +194,7 @@ TEST(InstrumentUnits, WithMalformedHeadersAreErrors)
 TEST(InstrumentUnits, HaveParameters)
 {
     const MessageUnit unit = parseUnit("X 1 , ON,\"a,b\" ,#13,;,,\t'c'  ");
-    ASSERT_EQ(unit.parameters.size(), 5u);
+    ASSERT_EQ(unit.parameters.size(), 5U);
     EXPECT_EQ(unit.parameters[0].number, 1);
     EXPECT_EQ(unit.parameters[1].type, Parameter::Type::WORD);
     EXPECT_EQ(unit.parameters[1].text, "ON");

@@ -11,7 +11,6 @@
 
 using test::Program;
 using test::runInstrument;
-using test::TemporaryFolder;
 using testing::HasSubstr;
 using testing::StartsWith;
 

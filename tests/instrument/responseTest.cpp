@@ -40,7 +40,7 @@ TEST(InstrumentResponse, HasEmptyAnswers)
 TEST(InstrumentResponse, IsDroppedWhenItBecomesTooLong)
 {
     Response response;
-    const std::string large(10 * 1024 * 1024, 'x');
+    const std::string large(std::size_t{10} * 1024 * 1024, 'x');
     response.add(large);
     try
     {

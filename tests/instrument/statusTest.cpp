@@ -20,7 +20,7 @@ TEST(InstrumentErrorQueue, GivesErrorsInTheirOrder)
     EXPECT_EQ(queue.next(), ScpiError::NO_ERROR);
     queue.add(ScpiError::SYNTAX_ERROR);
     queue.add(ScpiError::DATA_OUT_OF_RANGE);
-    EXPECT_EQ(queue.size(), 2u);
+    EXPECT_EQ(queue.size(), 2U);
     EXPECT_EQ(queue.next(), ScpiError::SYNTAX_ERROR);
     EXPECT_EQ(queue.next(), ScpiError::DATA_OUT_OF_RANGE);
     EXPECT_EQ(queue.next(), ScpiError::NO_ERROR);
@@ -34,7 +34,7 @@ TEST(InstrumentErrorQueue, EndsWithAnOverflowWhenItIsFull)
     {
         queue.add(ScpiError::SYNTAX_ERROR);
     }
-    EXPECT_EQ(queue.size(), 32u);
+    EXPECT_EQ(queue.size(), 32U);
     for (int i = 0; i < 31; ++i)
     {
         EXPECT_EQ(queue.next(), ScpiError::SYNTAX_ERROR);

@@ -22,7 +22,8 @@ std::vector<std::string> expand(std::string_view header)
     {
         const std::string before(header.substr(0, open));
         headers.push_back(before + rest);
-        headers.push_back(before + std::string(header.substr(open + 1, close - open - 1)) + rest);
+        const std::string optional(header.substr(open + 1, close - open - 1));
+        headers.push_back(before + optional + rest);
     }
     return headers;
 }

@@ -247,7 +247,7 @@ void ConfigurationBuilder::addInterlock(const std::string& expression)
 
 void ConfigurationBuilder::endChannel()
 {
-    if (m_seenOnce.count("wave") == 0)
+    if (!m_seenOnce.contains("wave"))
     {
         throw ConfigurationError(m_channelOffset,
                                  fmt::format("channel '{}' has no wave form", channel().name));

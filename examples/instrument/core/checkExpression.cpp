@@ -146,7 +146,7 @@ std::string checkExpression(const std::string& expression,
         {
             size = std::min(text.find_first_of("!^&@|() \t\r\n", i), text.size()) - i;
         }
-        const std::string problem = checker.add(text.substr(i, size));
+        std::string problem = checker.add(text.substr(i, size));
         if (!problem.empty())
         {
             return problem;

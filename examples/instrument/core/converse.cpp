@@ -11,7 +11,7 @@ namespace
 {
 
 // As much as a socket may give at a time.
-constexpr std::size_t BLOCK_SIZE = 16 * 1024;
+constexpr std::size_t BLOCK_SIZE = 16'384;
 
 // Executes what the session has received.
 std::string execute(Session& session, WorkList& work)
