@@ -79,7 +79,8 @@ cmd_check()
         *) usage_error "check takes --fast or nothing, not '$*'" ;;
     esac
     need_packages "to check the code" "${BUILD_PACKAGES[@]}" "${EXAMPLE_PACKAGES[@]}" \
-        "${TEST_PACKAGES[@]}" "${BENCH_PACKAGES[@]}" "${CHECK_PACKAGES[@]}" "${ABI_PACKAGES[@]}"
+        "${TEST_PACKAGES[@]}" "${BENCH_PACKAGES[@]}" "${CLANG_SANITIZER_PACKAGES[@]}" \
+        "${CHECK_PACKAGES[@]}" "${ABI_PACKAGES[@]}"
     phase scripts check_scripts
     phase clang-format check_format
     phase clang check_clang

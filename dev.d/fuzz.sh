@@ -1,6 +1,5 @@
 # ./dev fuzz
 
-readonly FUZZ_PACKAGES=(clang libclang-rt-14-dev)
 readonly FUZZ_SECONDS=30
 
 # The targets, one a line: those with seeds.
@@ -116,7 +115,7 @@ cmd_fuzz()
         seconds=$1
     fi
     need_packages "to build the fuzzers" \
-        "${BUILD_PACKAGES[@]}" "${EXAMPLE_PACKAGES[@]}" "${FUZZ_PACKAGES[@]}"
+        "${BUILD_PACKAGES[@]}" "${EXAMPLE_PACKAGES[@]}" "${CLANG_SANITIZER_PACKAGES[@]}"
     build fuzz
     say "fuzzing ${targets[*]}, $seconds s each"
     fuzz_all "$seconds" "${targets[@]}"

@@ -5,6 +5,8 @@ readonly BUILD_PACKAGES=(g++ cmake ninja-build)
 readonly EXAMPLE_PACKAGES=(libboost-dev libcli11-dev libfmt-dev)
 readonly TEST_PACKAGES=(libgtest-dev libgmock-dev pkg-config python3-pyelftools python3-pytest
   python3-pyvisa python3-pyvisa-py)
+# llvm names the lines in what the sanitizers report.
+readonly CLANG_SANITIZER_PACKAGES=(clang libclang-rt-14-dev llvm)
 
 # The newest Clang that this system's package lists know, to build against the library with.
 newest_clang()

@@ -56,8 +56,9 @@ cmd_test()
         shift
     fi
     case $preset in
-        release) packages+=("$(newest_clang)") ;;
-        dev | asan | tsan) ;;
+        release) packages+=("$(newest_clang)" ccache) ;;
+        asan) packages+=("${CLANG_SANITIZER_PACKAGES[@]}") ;;
+        dev | tsan) ;;
         clang) packages+=("${BENCH_PACKAGES[@]}" "${CHECK_PACKAGES[@]}") ;;
         *) usage_error "unknown preset '$preset' for test" ;;
     esac

@@ -258,9 +258,9 @@ TEST_F(GsPrint, SubjectThatObservesItself)
 // Recursion would need some hundred bytes of stack for each.
 TEST_F(GsPrint, LongChain)
 {
-    constexpr int LENGTH = 200000;
+    constexpr std::size_t LENGTH = 200000;
     std::vector<std::unique_ptr<Node>> nodes;
-    for (int i = 0; i < LENGTH; ++i)
+    for (std::size_t i = 0; i < LENGTH; ++i)
     {
         nodes.push_back(std::make_unique<Node>("n"));
         if (i > 0)

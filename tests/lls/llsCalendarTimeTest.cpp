@@ -90,8 +90,8 @@ TEST_F(LlsCalendarTime, TextFollowsAChangeOfTheTimeZone)
 
 TEST_F(LlsCalendarTime, UnrepresentableTimeFails)
 {
-    EXPECT_THROW(Lls_CalendarTime(std::numeric_limits<long>::max()), std::logic_error);
-    EXPECT_THROW(Lls_CalendarTime(std::numeric_limits<long>::min()), std::logic_error);
+    EXPECT_THROW(Lls_CalendarTime{std::numeric_limits<long>::max()}, std::logic_error);
+    EXPECT_THROW(Lls_CalendarTime{std::numeric_limits<long>::min()}, std::logic_error);
 }
 
 // The last second whose year fits into an int, and the first whose year does not.
