@@ -23,7 +23,7 @@ SIZES = {
     "utils::error::Error::Severity": (4, 4), "utils::task::Task::State": (4, 4),
     "std::string": (32, 8), "std::vector": (24, 8), "std::list": (24, 8),
     "std::map": (48, 8), "std::set": (48, 8),
-    "std::ostringstream": (376, 8),
+    "std::ostringstream": (376, 8), "std::list::iterator": (8, 8),
     "generic::timing::IntervalAndDuration": (16, 8),
 }
 
@@ -164,11 +164,19 @@ class Comparison:
         self.compare_fields(entry, found)
 
 
+    def compare_all(self):
+        for entry in self.table.values():
+            self.compare(entry)
+        for found in self.classes.values():
+            has_layout = found.operations or found.fields
+            if has_layout and found.name.startswith("utils::") and found.name not in self.table:
+                self.differences.append(f"{found.name}: it is not in the table")
+
+
 def main(object_file, table_file):
     table = read_table(table_file)
     comparison = Comparison(read_classes(object_file), table)
-    for entry in table.values():
-        comparison.compare(entry)
+    comparison.compare_all()
     print(*comparison.differences, sep="\n", end="\n" if comparison.differences else "")
     slots = sum(len(entry.new) + len(entry.overridden) for entry in table.values())
     fields = sum(len(entry.fields) for entry in table.values())

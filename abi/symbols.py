@@ -20,8 +20,9 @@ from elftools.elf.elffile import ELFFile
 
 HEADER = """\
 # The dynamic symbols of {name}: the binary interface, as far as names go.
-# Each line: what it is, for data its size in bytes, its name as written in C++. A number in
-# brackets counts symbols of one name: the variants of a constructor or destructor.
+# First the name that programs ask the loader for, and the versions that symbols have. Then each
+# line: what it is, for data its size in bytes, its name as written in C++. A number in brackets
+# counts symbols of one name: the variants of a constructor or destructor.
 #
 # A line that vanishes breaks programs that were built before; docs/abi.md says what
 # then follows. Made by: abi/symbols.py update LIBRARY abi/{file}
@@ -60,18 +61,40 @@ def describe(symbol):
     return f"{binding}function"
 
 
+def is_exported(symbol):
+    return symbol["st_shndx"] not in ("SHN_UNDEF", "SHN_ABS") and symbol.name != ""
+
+
+def soname(elf):
+    return next(tag.soname for tag in elf.get_section_by_name(".dynamic").iter_tags("DT_SONAME"))
+
+
+def versions(elf):
+    """The versions of what is exported, by name; none in a library without versions."""
+    defined = elf.get_section_by_name(".gnu.version_d")
+    if defined is None:
+        return []
+    indices = elf.get_section_by_name(".gnu.version")
+    used = {indices.get_symbol(number)["ndx"]
+            for number, symbol in enumerate(elf.get_section_by_name(".dynsym").iter_symbols())
+            if is_exported(symbol)}
+    return sorted(next(names).name for version, names in defined.iter_versions()
+                  if version["vd_ndx"] in used)
+
+
 def read_library(path):
     """The machine that the library is for, and the lines that describe its symbols, sorted."""
     with open(path, "rb") as file:
         elf = ELFFile(file)
         symbols = [symbol for symbol in elf.get_section_by_name(".dynsym").iter_symbols()
-                   if symbol["st_shndx"] not in ("SHN_UNDEF", "SHN_ABS") and symbol.name]
+                   if is_exported(symbol)]
         described = [describe(symbol) for symbol in symbols]
         names = [shorten(name) for name in demangle([symbol.name for symbol in symbols])]
         counts = Counter(zip(names, described))
         machine = MACHINES[elf["e_machine"]]
-    lines = [f"{what} {name}" + (f" ({count})" if count > 1 else "")
-             for (name, what), count in sorted(counts.items())]
+        lines = [f"soname {soname(elf)}", *(f"version {version}" for version in versions(elf))]
+    lines += [f"{what} {name}" + (f" ({count})" if count > 1 else "")
+              for (name, what), count in sorted(counts.items())]
     return machine, lines
 
 
@@ -92,7 +115,7 @@ def check(library, list_file):
     difference = [line for line in difflib.unified_diff(sorted(reviewed), sorted(found), lineterm="", n=0)
                   if not line.startswith(("---", "+++", "@@"))]
     if not difference:
-        print(f"{len(found)} names, all of them reviewed")
+        print(f"{len(found)} lines, all of them reviewed")
         return 0
     print(f"{library} ({machine}) differs from {list_file}:", *difference, sep="\n")
     print("If this is meant: abi/symbols.py update, and see docs/abi.md.")
@@ -103,7 +126,7 @@ def update(library, list_file):
     _, found = read_library(library)
     header = HEADER.format(name=Path(library).name.partition(".so")[0], file=Path(list_file).name)
     Path(list_file).write_text(header + "\n" + "\n".join(found) + "\n", encoding="utf-8")
-    print(f"{len(found)} names written to {list_file}")
+    print(f"{len(found)} lines written to {list_file}")
     return 0
 
 

@@ -51,8 +51,10 @@ endfunction()
 
 function(generic_utils_install_pkg_config)
   set(folder "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
-  file(RELATIVE_PATH to_prefix "/prefix/${folder}" "/prefix")
-  string(REGEX REPLACE "/$" "" GENERIC_UTILS_PC_TO_PREFIX "${to_prefix}")
+  cmake_path(ABSOLUTE_PATH folder BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}" NORMALIZE
+    OUTPUT_VARIABLE absolute_folder)
+  cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY "${absolute_folder}"
+    OUTPUT_VARIABLE GENERIC_UTILS_PC_TO_PREFIX)
   generic_utils_pc_folder(GENERIC_UTILS_PC_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}")
   generic_utils_pc_folder(GENERIC_UTILS_PC_LIBDIR "${CMAKE_INSTALL_LIBDIR}")
   configure_file(cmake/generic_utils.pc.in "${PROJECT_BINARY_DIR}/package/generic_utils.pc" @ONLY)

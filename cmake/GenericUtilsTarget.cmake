@@ -28,6 +28,15 @@ function(generic_utils_configure target)
   generic_utils_sanitize(${target})
 endfunction()
 
+# generic_utils_precompile(<target> <header>...): compiles headers once for all sources of a target,
+# where it is built together with tests, hence often. Builds for use do without, and so tell when a
+# source does not include what it needs.
+function(generic_utils_precompile target)
+  if(GENERIC_UTILS_BUILD_TESTS OR GENERIC_UTILS_BUILD_FUZZERS)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
 # For what is installed: checks against overrun buffers and redirected control flow, tables that are
 # read-only once the program runs. Sanitizers check more, and in their own way.
 function(generic_utils_harden target)

@@ -68,8 +68,9 @@ phase()
 }
 
 ## check [--fast]
-##     Scripts, clang-format, a build of everything with Clang and clang-tidy, cppcheck, the binary
-##     interface, then the tests under the sanitizers; --fast leaves the sanitizers out.
+##     Scripts, clang-format, the reference of the headers, a build of everything with Clang and
+##     clang-tidy, cppcheck, the binary interface, then the tests under the sanitizers; --fast
+##     leaves the sanitizers out.
 cmd_check()
 {
     local fast=no
@@ -80,9 +81,10 @@ cmd_check()
     esac
     need_packages "to check the code" "${BUILD_PACKAGES[@]}" "${EXAMPLE_PACKAGES[@]}" \
         "${TEST_PACKAGES[@]}" "${BENCH_PACKAGES[@]}" "${CLANG_SANITIZER_PACKAGES[@]}" \
-        "${CHECK_PACKAGES[@]}" "${ABI_PACKAGES[@]}"
+        "${CHECK_PACKAGES[@]}" "${DOCS_PACKAGES[@]}" "${ABI_PACKAGES[@]}"
     phase scripts check_scripts
     phase clang-format check_format
+    phase docs make_docs
     phase clang check_clang
     phase cppcheck check_cppcheck
     phase abi check_abi

@@ -1,6 +1,6 @@
 # ./dev package
 
-readonly PACKAGE_PACKAGES=(git dpkg-dev file lintian debootstrap)
+readonly PACKAGE_PACKAGES=(git dpkg-dev file lintian debootstrap pkg-config)
 readonly DEBS=build/package/debs
 
 as_root()
@@ -27,7 +27,7 @@ make_debs()
 (
     SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
     export SOURCE_DATE_EPOCH
-    cd "$1"
+    cd "$1" || exit
     rm -rf "$DEBS"
     build package
     cd build/package
@@ -102,6 +102,18 @@ run_installed_examples()
     expect '' in_root "$examples/legacy_panel"
 }
 
+# With this system's compiler, and what the packages have installed.
+build_against_packages()
+{
+    local work=build/clean-root/work folder flags
+    tests/consumers/run find_package g++ "$ROOT/build/clean-root/consumer" "$ROOT/$work/usr" \
+        >build/clean-root/consumer.log || die "see build/clean-root/consumer.log"
+    folder=$work/usr/lib/$(gcc -print-multiarch)/pkgconfig
+    read -ra flags <<<"$(PKG_CONFIG_LIBDIR=$folder pkg-config --cflags --libs generic_utils)"
+    as_root g++ -std=c++17 examples/quick_start/main.cpp -o "$work/debs/quick_start" "${flags[@]}"
+    expect 'channel 1' in_root /debs/quick_start
+}
+
 # Installs the packages in a copy of the clean system, uses them and removes them.
 try_debs()
 {
@@ -115,13 +127,14 @@ try_debs()
     in_apt install --no-install-recommends /debs/*.deb
     expect libgeneric_utils.so.1 in_root ldconfig -p
     run_installed_examples
+    build_against_packages
     in_apt purge libgeneric-utils1 libgeneric-utils-dev generic-utils-examples
     # What the examples needed besides.
     in_apt autoremove --purge
     list_files "$work" | sort >build/clean-root/after
     diff build/clean-root/before build/clean-root/after || die "removed packages leave files."
     as_root rm -rf "$work"
-    say "package: installed, used and removed in a clean system"
+    say "package: installed, used, built against and removed in a clean system"
 }
 
 ## package [--no-root]

@@ -270,6 +270,17 @@ TEST_F(FlagValue, TextIsIndependentOfTheGlobalLocale)
     EXPECT_EQ(flag.getValue(), 1234567);
 }
 
+TEST_F(FlagValue, ReadingATextIsIndependentOfTheGlobalLocale)
+{
+    m_config.writeValues("named\n1,234\n");
+    const test::GroupedNumbers locale;
+    FlagT<int> flag("i", 0);
+    EXPECT_TRUE(flag.setValueStr("1,234"));
+    EXPECT_EQ(flag.getValue(), 1);
+    const FlagT<int> named("named", 0);
+    EXPECT_EQ(named.getValue(), 1);
+}
+
 TEST_F(FlagValue, BoolMayBeChangedWhileOtherThreadsRead)
 {
     FlagT<bool> flag("b", false);

@@ -301,17 +301,18 @@ TEST_F(InitialValuesReentry, DuplicateNameReportedToAStrategyThatMakesAFlag)
 {
     EXPECT_EXIT(
         {
-            m_config.writeValues("");
+            m_config.writeValues("named\n5\n");
             const ActingStrategy strategy(
                 []
                 {
                     const FlagT<int> made("made", 3);
-                    std::cerr << made.getValueStr();
+                    const FlagT<int> named("named", 3);
+                    std::cerr << made.getValueStr() << named.getValueStr();
                 });
             const FlagT<int> first("twice", 1);
             const FlagT<int> second("twice", 2);
         },
-        testing::ExitedWithCode(1), "^3$");
+        testing::ExitedWithCode(1), "^35$");
 }
 
 }  // namespace

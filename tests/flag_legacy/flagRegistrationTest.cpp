@@ -221,15 +221,19 @@ TEST_F(FlagRegistration, StrategyToldOfATakenNameMakesAFlag)
         bool processError(const utils::err::Err_Error& error, bool recoverable) override
         {
             m_made = std::make_unique<Flag_Flag<int>>("made", 4);
+            m_named = std::make_unique<Flag_Flag<int>>("named", 4);
             return RecordingErrStrategy::processError(error, recoverable);
         }
         std::unique_ptr<Flag_Flag<int>> m_made;
+        std::unique_ptr<Flag_Flag<int>> m_named;
     };
+    m_config.writeValues("named\n5\n");
     const Making strategy;
     const Flag_Flag<int> first("N", 1);
     const Flag_Flag<int> second("N", 2);
     ASSERT_NE(strategy.m_made, nullptr);
     EXPECT_EQ((*strategy.m_made)(), 4);
+    EXPECT_EQ((*strategy.m_named)(), 5);
     EXPECT_EQ(strategy.getTexts().size(), 1U);
 }
 

@@ -13,10 +13,63 @@
 namespace plugins
 {
 
+/// What is found under the name of its owner: the program or a plug-in.
+struct Found
+{
+    utils::flag::Flag* flag;
+    utils::flag::Flag_FlagBase* olderFlag;
+    utils::queue::Queue* queue;
+    utils::task::Task* task;
+    utils::Gs_Aspect* aspect;
+};
+
+inline bool operator==(const Found& left, const Found& right)
+{
+    return left.flag == right.flag && left.olderFlag == right.olderFlag &&
+           left.queue == right.queue && left.task == right.task && left.aspect == right.aspect;
+}
+
+/// The objects that an owner, the program or a plug-in, registers under its name.
+struct Objects
+{
+    explicit Objects(const std::string& owner)
+        : flag(owner + ".flag", 7),
+          olderFlag(owner + ".olderFlag", 7),
+          queue(owner + ".queue", 8),
+          task(owner + ".task", nullptr, 8),
+          aspect(owner + ".aspect")
+    {
+    }
+
+    Found found() { return {&flag, &olderFlag, &queue, &task, &aspect}; }
+
+    utils::flag::FlagT<int> flag;
+    utils::flag::Flag_Flag<int> olderFlag;
+    utils::queue::Queue queue;
+    utils::task::Task task;
+    utils::Gs_Aspect aspect;
+};
+
+/// Looks them up, in the registries as whoever calls this sees them.
+inline Found find(const std::string& owner)
+{
+    using OlderFlags = std::map<std::string, utils::flag::Flag_FlagBase*>;
+    using Aspects = std::map<std::string, utils::Gs_Aspect*>;
+    const auto& olderFlags = *utils::Std_Singleton<OlderFlags>::getInstancePtr();
+    const auto& aspects = *utils::Gs_Singleton<Aspects>::getInstancePtr();
+    const auto olderFlag = olderFlags.find(owner + ".olderFlag");
+    const auto aspect = aspects.find(owner + ".aspect");
+    return {utils::flag::Flag::getFlagPtr(owner + ".flag"),
+            olderFlag == olderFlags.end() ? nullptr : olderFlag->second,
+            utils::queue::Queue::getQueuePtr(owner + ".queue"),
+            utils::task::Task::getTaskPtr(owner + ".task"),
+            aspect == aspects.end() ? nullptr : aspect->second};
+}
+
 /// What a plug-in offers to the program that loads it, and to other plug-ins.
 struct Plugin
 {
-    /// Makes the objects below, each named for the plug-in; they stay until stop().
+    /// Makes the objects and the strategies of the plug-in; they stay until stop().
     void (*start)();
     void (*stop)();
 
@@ -26,25 +79,26 @@ struct Plugin
     /// The type information of some of the library's classes and templates.
     std::vector<const std::type_info*> (*types)();
 
-    utils::flag::Flag* flag;
-    utils::flag::Flag_FlagBase* olderFlag;
-    utils::queue::Queue* queue;
-    utils::task::Task* task;
-    utils::strategy::Strategy* errorStrategy;  // a StrategyT<Error>
-    utils::Gs_Aspect* aspect;
+    /// plugins::find(), inside the plug-in.
+    Found (*find)(const std::string& owner);
 
-    /// What the strategies of the plug-in were given, one text a report.
-    std::vector<std::string> reports;
-
-    /// Reports a failure, to the strategies of either generation.
+    /// Reports a failure, or traces, to the strategies of either generation.
     void (*report)(const std::string& text);
     void (*reportOlder)(const std::string& text);
+    void (*trace)(const std::string& text);
+    void (*traceOlder)(const std::string& text);
 
     /// Throws an exception of the kind.
     void (*raise)(int kind);
 
     /// Calls the other one's raise(), and tells by which type the exception was caught.
     std::string (*catchFrom)(const Plugin& other, int kind);
+
+    Objects* objects = nullptr;                          // of the plug-in
+    utils::strategy::Strategy* errorStrategy = nullptr;  // a StrategyT<Error>
+
+    /// What the strategies of the plug-in were given, one text a report or trace.
+    std::vector<std::string> reports = {};
 };
 
 /// An exception that two plug-ins know from a header of their own.

@@ -37,33 +37,67 @@ class OlderRecorder : public utils::err::Err_Strategy
     }
 };
 
-struct Objects
+class TraceRecorder : public utils::strategy::StrategyT<utils::flag::TraceMsg>
 {
-    utils::flag::FlagT<int> flag{PLUGIN_NAME ".flag", 7};
-    utils::flag::Flag_Flag<int> olderFlag{PLUGIN_NAME ".olderFlag", 7};
-    utils::queue::Queue queue{PLUGIN_NAME ".queue", 8};
-    utils::task::Task task{PLUGIN_NAME ".task", nullptr, 8};
-    utils::Gs_Aspect aspect{PLUGIN_NAME ".aspect"};
-    Recorder recorder;
-    OlderRecorder olderRecorder;
+  public:
+    TraceRecorder() : StrategyT(utils::flag::TraceMsg::STRATEGY_TYPE, PLUGIN_NAME, false) {}
+
+    bool isInterested(const utils::flag::TraceMsg&) override { return true; }
+
+    void processClientObject(utils::flag::TraceMsg& message) override
+    {
+        std::ostringstream text;
+        text << message;
+        self().reports.push_back(text.str());
+    }
 };
 
-std::unique_ptr<Objects> objects;
+class OlderTraceRecorder : public utils::flag::Flag_TraceStrategy
+{
+  public:
+    OlderTraceRecorder() : Flag_TraceStrategy(PLUGIN_NAME) {}
+
+    bool isInterested(const utils::flag::Flag_TraceMsg&) override { return true; }
+
+    void processTrace(const utils::flag::Flag_TraceMsg& message) override
+    {
+        self().reports.push_back(message.getString());
+    }
+};
+
+struct State
+{
+    plugins::Objects objects{PLUGIN_NAME};
+    Recorder recorder;
+    OlderRecorder olderRecorder;
+    TraceRecorder traceRecorder;
+    OlderTraceRecorder olderTraceRecorder;
+};
+
+std::unique_ptr<State> state;
 
 void start()
 {
-    objects = std::make_unique<Objects>();
-    self().flag = &objects->flag;
-    self().olderFlag = &objects->olderFlag;
-    self().queue = &objects->queue;
-    self().task = &objects->task;
-    self().aspect = &objects->aspect;
-    self().errorStrategy = &objects->recorder;
+    state = std::make_unique<State>();
+    self().objects = &state->objects;
+    self().errorStrategy = &state->recorder;
 }
 
 void stop()
 {
-    objects.reset();
+    self().objects = nullptr;
+    self().errorStrategy = nullptr;
+    state.reset();
+}
+
+void trace(const std::string& text)
+{
+    GENERIC_UTILS_TRACE(state->objects.flag, 1, text);
+}
+
+void traceOlder(const std::string& text)
+{
+    GENERIC_UTILS_OLDER_TRACE(&state->objects.olderFlag, 1, text);
 }
 
 void report(const std::string& text)
@@ -81,21 +115,9 @@ void reportOlder(const std::string& text)
 
 plugins::Plugin& self()
 {
-    static plugins::Plugin plugin{start,
-                                  stop,
-                                  plugins::instances,
-                                  plugins::types,
-                                  nullptr,
-                                  nullptr,
-                                  nullptr,
-                                  nullptr,
-                                  nullptr,
-                                  nullptr,
-                                  {},
-                                  report,
-                                  reportOlder,
-                                  plugins::raise,
-                                  plugins::catchFrom};
+    static plugins::Plugin plugin{start,         stop,           plugins::instances, plugins::types,
+                                  plugins::find, report,         reportOlder,        trace,
+                                  traceOlder,    plugins::raise, plugins::catchFrom};
     return plugin;
 }
 

@@ -2,8 +2,9 @@
 // built with hidden symbols, without symbols that the loader unifies, and loaded with RTLD_LOCAL.
 //
 // - every singleton of the library is the same object for all of them
-// - flags, queues, tasks, aspects and older flags made by one are found by the others by name
-// - a report of one reaches the strategies of all, in either generation
+// - flags, queues, tasks, aspects and older flags made by one are found by the others by name, from
+//   inside of each
+// - a report or trace of one reaches the strategies of all, in either generation
 // - type information is one: a strategy of one is cast by another
 // - an exception thrown in one is caught in another by its type, or by its base class
 // - what a plug-in registered is gone when it has stopped, and can be registered again
@@ -78,26 +79,20 @@ TEST_F(Plugins, ShareTheTypeInformation)
     EXPECT_EQ(m_second->types(), types);
 }
 
+// The program's look-ups, and those made inside of either plug-in.
 TEST_F(Plugins, FindEachOthersObjectsByName)
 {
-    EXPECT_EQ(utils::flag::Flag::getFlagPtr("first.flag"), m_first->flag);
-    EXPECT_EQ(utils::flag::Flag::getFlagPtr("second.flag"), m_second->flag);
-    EXPECT_EQ(utils::queue::Queue::getQueuePtr("first.queue"), m_first->queue);
-    EXPECT_EQ(utils::queue::Queue::getQueuePtr("second.queue"), m_second->queue);
-    EXPECT_EQ(utils::task::Task::getTaskPtr("first.task"), m_first->task);
-    EXPECT_EQ(utils::task::Task::getTaskPtr("second.task"), m_second->task);
-}
-
-TEST_F(Plugins, FindEachOthersOlderObjectsByName)
-{
-    using OlderFlags = std::map<std::string, utils::flag::Flag_FlagBase*>;
-    using Aspects = std::map<std::string, utils::Gs_Aspect*>;
-    const OlderFlags& olderFlags = *utils::Std_Singleton<OlderFlags>::getInstancePtr();
-    const Aspects& aspects = *utils::Gs_Singleton<Aspects>::getInstancePtr();
-    EXPECT_EQ(olderFlags.at("first.olderFlag"), m_first->olderFlag);
-    EXPECT_EQ(olderFlags.at("second.olderFlag"), m_second->olderFlag);
-    EXPECT_EQ(aspects.at("first.aspect"), m_first->aspect);
-    EXPECT_EQ(aspects.at("second.aspect"), m_second->aspect);
+    plugins::Objects ofProgram("program");
+    const std::map<std::string, plugins::Found> registered = {
+        {"program", ofProgram.found()},
+        {"first", m_first->objects->found()},
+        {"second", m_second->objects->found()}};
+    for (const auto& [owner, objects] : registered)
+    {
+        EXPECT_EQ(plugins::find(owner), objects) << owner;
+        EXPECT_EQ(m_first->find(owner), objects) << owner;
+        EXPECT_EQ(m_second->find(owner), objects) << owner;
+    }
 }
 
 TEST_F(Plugins, HearEachOthersReports)
@@ -119,6 +114,24 @@ TEST_F(Plugins, HearEachOthersOlderReports)
     EXPECT_THAT(m_second->reports, ElementsAre("OfFirst", "OfSecond"));
 }
 
+TEST_F(Plugins, HearEachOthersTraces)
+{
+    m_first->trace("OfFirst");
+    m_second->trace("OfSecond");
+    EXPECT_THAT(m_first->reports,
+                ElementsAre(testing::EndsWith("OfFirst"), testing::EndsWith("OfSecond")));
+    EXPECT_EQ(m_first->reports, m_second->reports);
+}
+
+TEST_F(Plugins, HearEachOthersOlderTraces)
+{
+    m_first->traceOlder("OfFirst");
+    m_second->traceOlder("OfSecond");
+    EXPECT_THAT(m_first->reports,
+                ElementsAre(testing::HasSubstr("OfFirst"), testing::HasSubstr("OfSecond")));
+    EXPECT_EQ(m_first->reports, m_second->reports);
+}
+
 TEST_F(Plugins, CastEachOthersStrategies)
 {
     using ErrorStrategy = utils::strategy::StrategyT<utils::error::Error>;
@@ -130,9 +143,8 @@ TEST_F(Plugins, CatchEachOthersExceptionsByType)
 {
     const std::array<std::string, plugins::NUM_KINDS> caught = {
         "Err_GeneralError Err_NullPtrError", "Error Name", "out_of_range", "Refusal no"};
-    const Plugin program{nullptr, nullptr, nullptr, nullptr,        nullptr,
-                         nullptr, nullptr, nullptr, nullptr,        nullptr,
-                         {},      nullptr, nullptr, plugins::raise, nullptr};
+    Plugin program{};
+    program.raise = plugins::raise;
     for (int kind = 0; kind < plugins::NUM_KINDS; ++kind)
     {
         const std::string& expected = caught[static_cast<std::size_t>(kind)];
@@ -152,7 +164,7 @@ TEST_F(Plugins, TakeTheirObjectsWithThem)
     EXPECT_THAT(m_second->reports, Each(testing::StartsWith("AfterFirst")));
 
     m_first->start();
-    EXPECT_EQ(utils::flag::Flag::getFlagPtr("first.flag"), m_first->flag);
+    EXPECT_EQ(utils::flag::Flag::getFlagPtr("first.flag"), &m_first->objects->flag);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The end of task objects:
 // - destroying a running task ends its thread first, also with a full event queue, also when the
 //   thread never reads that queue;
+// - nothing is reported of a thread that ends by itself meanwhile;
 // - cleanUp first in a derived destructor, while the thread still uses the derived part;
 // - tasks that delete themselves: at once, on termination, waited for or not;
 // - terminate macros that nobody reads are deleted with the event queue.
@@ -251,6 +252,40 @@ TEST(TaskDestruction, OfATaskThatIsNoLongerToDeleteItself)
     osTaskJoin(task->getOsTaskPtr());
     EXPECT_EQ(Task::getTaskPtr("t"), task);
     delete task;
+}
+
+// Runs until it is released, and lets terminate() find that it has ended.
+class EndingFirst : public Task
+{
+  public:
+    EndingFirst() : Task("ending", nullptr, 1) {}
+    ~EndingFirst() override { cleanUp(); }
+
+    bool terminate(bool waitForTermination) override
+    {
+        m_released.count_down();
+        osTaskJoin(getOsTaskPtr());
+        return Task::terminate(waitForTermination);
+    }
+
+    int run(void*) override
+    {
+        m_released.wait();
+        return 0;
+    }
+
+  private:
+    std::latch m_released{1};
+};
+
+TEST(TaskDestruction, SaysNothingOfAThreadThatHasJustEndedByItself)
+{
+    test::StepRecorder recorder;
+    {
+        EndingFirst task;
+        task.start(nullptr, nullptr, false);
+    }
+    EXPECT_THAT(recorder.take(), testing::IsEmpty());
 }
 
 }  // namespace

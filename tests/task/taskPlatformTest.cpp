@@ -1,16 +1,19 @@
 // What tasks ask of the platform, seen by standing in for it:
 // - sleeping, yielding, priorities, policies, and when a handle is given back;
+// - a termination that waits, of a thread that has ended meanwhile;
 // - no thread can be made: start says true, everything else stays safe;
 // - a thread that the platform does not know ends with a report and status 1.
 
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <libos/osQueue.h>
 #include <libos/osTask.h>
 
 #include <atomic>
 #include <mutex>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -31,6 +34,9 @@ struct Faults
 };
 
 Faults faults;
+
+// A write to a queue returns when this task's thread has ended.
+const utils::task::Task* taskToEndFirst = nullptr;
 
 class Calls
 {
@@ -79,6 +85,17 @@ void osTaskDestroy(osTaskHandle_t task)
 {
     calls.add("destroy" + describe(task));
     findOriginal<decltype(osTaskDestroy)>("osTaskDestroy")(task);
+}
+
+int osQueueWrite(osQueueHandle_t queue, void* item, int waitMs)
+{
+    const int result = findOriginal<decltype(osQueueWrite)>("osQueueWrite")(queue, item, waitMs);
+    while (taskToEndFirst != nullptr &&
+           taskToEndFirst->getState() != utils::task::Task::NOT_RUNNING)
+    {
+        std::this_thread::yield();
+    }
+    return result;
 }
 
 int osTaskJoin(osTaskHandle_t task)
@@ -222,6 +239,17 @@ TEST_F(TaskPlatform, GetsAHandleBackAtTheNextStartAndAtTheEnd)
         EXPECT_THAT(calls.take(), ElementsAre("destroy task"));
     }
     EXPECT_THAT(calls.take(), IsEmpty());
+}
+
+// State 0 comes before the thread's last trace: whoever terminates and waits must not miss that.
+TEST_F(TaskPlatform, WaitsForAThreadThatEndsWhileItIsTerminated)
+{
+    start();
+    taskToEndFirst = &m_task;
+    EXPECT_TRUE(m_task.terminate(true));
+    taskToEndFirst = nullptr;
+    EXPECT_THAT(calls.take(), ElementsAre("join task"));
+    EXPECT_THAT(m_recorder.take(), IsEmpty());
 }
 
 class TaskWithoutThread : public testing::Test

@@ -49,9 +49,11 @@ int pollUntil(pthread_mutex_t* mutex, int waitMs)
     return result == EBUSY ? ETIMEDOUT : result;
 }
 
+// ThreadSanitizer takes no notice of pthread_mutex_clocklock(); GCC and Clang tell of it differently.
 #if defined(__SANITIZE_THREAD__)
-// ThreadSanitizer takes no notice of pthread_mutex_clocklock().
 constexpr bool knowsClockLock = false;
+#elif defined(__has_feature)
+constexpr bool knowsClockLock = !__has_feature(thread_sanitizer);
 #else
 constexpr bool knowsClockLock = true;
 #endif

@@ -1,5 +1,6 @@
 #include <libstd/strToValue.h>
 
+#include <locale>
 #include <sstream>
 #include <type_traits>
 
@@ -16,6 +17,7 @@ T strToValue(const char* text, const T& fallback)
     else
     {
         istringstream stream{string(text)};
+        stream.imbue(locale::classic());
         T value{};
         return (stream >> value) ? value : fallback;
     }

@@ -22,6 +22,7 @@
 extern "C" {
 #endif
 
+/// Visible outside the platform's shared library.
 #define LIBDBG_API __attribute__((visibility("default")))
 
 LIBDBG_API extern int _dbg_level;             ///< how much to trace; 0 = nothing

@@ -18,6 +18,7 @@ LIBOS_API osMutexHandle_t osMutexCreate(void);
 LIBOS_API void osMutexDestroy(osMutexHandle_t mutex);
 
 /// Locks a mutex for the calling thread.
+/// @param mutex null fails
 /// @param waitMs 0 = wait without limit; the only value that the library uses. On a host a positive
 ///        value bounds the wait in milliseconds.
 /// @return non-zero when the calling thread holds the mutex; 0 otherwise, also for null.

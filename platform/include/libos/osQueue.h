@@ -26,6 +26,7 @@ LIBOS_API osQueueHandle_t osQueueCreate(uint32_t capacity);
 LIBOS_API void osQueueDestroy(osQueueHandle_t queue);
 
 /// Appends one item.
+/// @param queue null fails
 /// @param item copied as it stands; may be null
 /// @param waitMs how long to wait for a free place: 0 = do not wait, -1 (or any negative value) =
 ///        without limit, otherwise milliseconds; the wait never ends early without success

@@ -39,8 +39,10 @@ typedef int (*osTaskEntry_t)(void* arg);
 ///
 /// On a host the system shows a name of up to 15 characters as it is, and the first 7 and the last 7
 /// of a longer one around a '~'.
+/// @param entry the thread's work
 /// @param options copied; null means all zero (hence not joinable). What the process may not have
 ///        (a priority without the privilege, an impossible stack size) is left at the system's default.
+/// @param arg handed to `entry` as it is
 /// @return the thread's handle, to be given to osTaskDestroy() once; null when no thread could be started
 ///         or `entry` is null
 LIBOS_API osTaskHandle_t osTaskCreate(osTaskEntry_t entry, const osTaskOptions_t* options,

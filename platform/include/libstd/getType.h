@@ -31,6 +31,10 @@ enum Type : int
 template <typename T>
 __attribute__((visibility("default"))) Type getType();
 
+/// @name Specialisations, in the order of the codes
+/// @{
+
+/// The code of the type.
 template <>
 Type getType<short>();
 template <>
@@ -55,6 +59,7 @@ template <>
 Type getType<double>();
 template <>
 Type getType<string>();
+/// @}
 
 }  // namespace std
 

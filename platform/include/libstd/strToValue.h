@@ -11,7 +11,7 @@ namespace std
 
 /// Converts a NUL-terminated text.
 ///
-/// Numbers and `bool` are read as a stream reads them: leading white space is skipped, reading stops at
+/// Numbers and `bool` are read as a stream of the classic locale reads them: leading white space is skipped, reading stops at
 /// the first character that cannot belong to the number, overflow is a failure, and a `bool` is 0 or 1.
 /// A string is the whole text, inner blanks included; the empty text is a failure.
 ///
@@ -21,6 +21,7 @@ namespace std
 template <typename T>
 __attribute__((visibility("default"))) T strToValue(const char* text, const T& fallback = T());
 
+/// @cond
 extern template bool strToValue<bool>(const char*, const bool&);
 extern template float strToValue<float>(const char*, const float&);
 extern template int strToValue<int>(const char*, const int&);
@@ -29,6 +30,7 @@ extern template unsigned short strToValue<unsigned short>(const char*, const uns
 extern template unsigned int strToValue<unsigned int>(const char*, const unsigned int&);
 extern template unsigned long strToValue<unsigned long>(const char*, const unsigned long&);
 extern template std::string strToValue<std::string>(const char*, const std::string&);
+/// @endcond
 
 }  // namespace std
 

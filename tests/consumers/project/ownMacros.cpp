@@ -18,6 +18,8 @@
 #define False 0
 #define major(device) "major"
 #define minor(device) "minor"
+#define BIT0 (1U << 0U)
+#define BIT63 (1ULL << 63U)
 #define unix 1
 #ifndef linux
 #define linux 1
@@ -36,9 +38,10 @@
 int numOwnMacros()
 {
     static_assert(INFO == 1 && WARNING == 2 && ERROR == 3 && CRITICAL == 4 && FATAL == 5);
+    static_assert(BIT0 == 1 && BIT63 >> 63U == 1);
     static_assert(DEBUG == 6 && TRACE == 7 && True == 1 && False == 0 && unix == 1 && linux == 1);
     const Status status = None;
     const Bool isStill = LOG(x)[0] == 'L' && check(x)[0] == 'c' && verify(x)[0] == 'v' &&
                          major(x)[0] == 'm' && minor(x)[0] == 'm';
-    return isStill && status == 0 ? 18 : 0;
+    return isStill && status == 0 ? 20 : 0;
 }

@@ -1,5 +1,5 @@
-#ifndef UTILS_ERRACLERROR_H
-#define UTILS_ERRACLERROR_H
+#ifndef GENERIC_UTILS_ERRACLERROR_H
+#define GENERIC_UTILS_ERRACLERROR_H
 
 #include <utils/errAppError.h>
 #include <utils/export.h>
@@ -16,7 +16,10 @@ class GENERIC_UTILS_EXPORT Err_AclError : public Err_AppError
                  const char* name);
     ~Err_AclError() override;
 
+    /// Copies all that the error holds.
     Err_AclError(const Err_AclError& other) = default;
+
+    /// Likewise.
     Err_AclError& operator=(const Err_AclError& other) = default;
 };
 

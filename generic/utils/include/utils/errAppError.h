@@ -1,5 +1,5 @@
-#ifndef UTILS_ERRAPPERROR_H
-#define UTILS_ERRAPPERROR_H
+#ifndef GENERIC_UTILS_ERRAPPERROR_H
+#define GENERIC_UTILS_ERRAPPERROR_H
 
 #include <utils/errError.h>
 #include <utils/export.h>
@@ -16,7 +16,10 @@ class GENERIC_UTILS_EXPORT Err_AppError : public Err_Error
                  const char* name);
     ~Err_AppError() override;
 
+    /// Copies all that the error holds.
     Err_AppError(const Err_AppError& other) = default;
+
+    /// Likewise.
     Err_AppError& operator=(const Err_AppError& other) = default;
 };
 

@@ -1,5 +1,5 @@
-#ifndef UTILS_ERRERROR_H
-#define UTILS_ERRERROR_H
+#ifndef GENERIC_UTILS_ERRERROR_H
+#define GENERIC_UTILS_ERRERROR_H
 
 #include <cstdint>
 #include <iosfwd>
@@ -40,14 +40,22 @@ class GENERIC_UTILS_EXPORT Err_Error
     /// Ends the process with exit status 1; static destructors run.
     virtual void exitOnError() const;
 
+    /// Copies all that the error holds.
     Err_Error(const Err_Error& other) = default;
+
+    /// Likewise.
     Err_Error& operator=(const Err_Error& other) = default;
 
+    /// The name of the error's class.
     const std::string& getName() const { return m_name; }
+
+    /// The severity's word.
     const std::string& getSeverityStr() const { return m_severity; }
 
     /// 0xFFFFFFFF unless the class, or the application, has set another one.
     std::uint32_t getErrorCode() const { return m_errorCode; }
+
+    /// Replaces the code; any value.
     void setErrorCode(std::uint32_t errorCode) { m_errorCode = errorCode; }
 
     /// The code as four decimal numbers joined by dots: bit 31, bits 28 to 30, bits 16 to 27, and

@@ -1,5 +1,5 @@
-#ifndef UTILS_ERRGENERALERROR_H
-#define UTILS_ERRGENERALERROR_H
+#ifndef GENERIC_UTILS_ERRGENERALERROR_H
+#define GENERIC_UTILS_ERRGENERALERROR_H
 
 #include <utils/errAclError.h>
 #include <utils/export.h>
@@ -16,7 +16,10 @@ class GENERIC_UTILS_EXPORT Err_GeneralError : public Err_AclError
                      const char* name);
     ~Err_GeneralError() override;
 
+    /// Copies all that the error holds.
     Err_GeneralError(const Err_GeneralError& other) = default;
+
+    /// Likewise.
     Err_GeneralError& operator=(const Err_GeneralError& other) = default;
 };
 

@@ -1,5 +1,5 @@
-#ifndef UTILS_ERRNULLPTRERROR_H
-#define UTILS_ERRNULLPTRERROR_H
+#ifndef GENERIC_UTILS_ERRNULLPTRERROR_H
+#define GENERIC_UTILS_ERRNULLPTRERROR_H
 
 #include <string>
 
@@ -18,12 +18,16 @@ class GENERIC_UTILS_EXPORT Err_NullPtrError : public Err_GeneralError
     Err_NullPtrError(const char* file, int line, const char* function, const char* pointerName);
     ~Err_NullPtrError() override;
 
+    /// Copies all that the error holds.
     Err_NullPtrError(const Err_NullPtrError& other) = default;
+
+    /// Likewise.
     Err_NullPtrError& operator=(const Err_NullPtrError& other) = default;
 
     /// Writes the header, and a line with the name that ends with a NUL character.
     void output(std::ostream& os) const override;
 
+    /// The pointer that is null.
     const std::string& getPointerName() const { return m_pointerName; }
 
   private:

@@ -1,5 +1,5 @@
-#ifndef UTILS_ERROBJECTALREADYEXISTSERROR_H
-#define UTILS_ERROBJECTALREADYEXISTSERROR_H
+#ifndef GENERIC_UTILS_ERROBJECTALREADYEXISTSERROR_H
+#define GENERIC_UTILS_ERROBJECTALREADYEXISTSERROR_H
 
 #include <string>
 
@@ -19,12 +19,16 @@ class GENERIC_UTILS_EXPORT Err_ObjectAlreadyExistsError : public Err_GeneralErro
                                  const char* objectName);
     ~Err_ObjectAlreadyExistsError() override;
 
+    /// Copies all that the error holds.
     Err_ObjectAlreadyExistsError(const Err_ObjectAlreadyExistsError& other) = default;
+
+    /// Likewise.
     Err_ObjectAlreadyExistsError& operator=(const Err_ObjectAlreadyExistsError& other) = default;
 
     /// Writes the header, and a line with the name that ends with a NUL character.
     void output(std::ostream& os) const override;
 
+    /// The name that is taken.
     const std::string& getObjectName() const { return m_objectName; }
 
   private:

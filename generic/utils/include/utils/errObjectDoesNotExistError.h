@@ -1,5 +1,5 @@
-#ifndef UTILS_ERROBJECTDOESNOTEXISTERROR_H
-#define UTILS_ERROBJECTDOESNOTEXISTERROR_H
+#ifndef GENERIC_UTILS_ERROBJECTDOESNOTEXISTERROR_H
+#define GENERIC_UTILS_ERROBJECTDOESNOTEXISTERROR_H
 
 #include <string>
 
@@ -19,12 +19,16 @@ class GENERIC_UTILS_EXPORT Err_ObjectDoesNotExistError : public Err_GeneralError
                                 const char* objectName);
     ~Err_ObjectDoesNotExistError() override;
 
+    /// Copies all that the error holds.
     Err_ObjectDoesNotExistError(const Err_ObjectDoesNotExistError& other) = default;
+
+    /// Likewise.
     Err_ObjectDoesNotExistError& operator=(const Err_ObjectDoesNotExistError& other) = default;
 
     /// Writes the header, and a line with the name that ends with a NUL character.
     void output(std::ostream& os) const override;
 
+    /// The name that was looked for.
     const std::string& getObjectName() const { return m_objectName; }
 
   private:

@@ -1,5 +1,5 @@
-#ifndef UTILS_ERRSTRATEGY_H
-#define UTILS_ERRSTRATEGY_H
+#ifndef GENERIC_UTILS_ERRSTRATEGY_H
+#define GENERIC_UTILS_ERRSTRATEGY_H
 
 #include <cstdint>
 #include <list>
@@ -32,7 +32,8 @@ class GENERIC_UTILS_EXPORT Err_Strategy
     /// Unregisters the strategy.
     virtual ~Err_Strategy();
 
-    /// Handles one error, which lives for the time of the call.
+    /// Handles one error.
+    /// @param error lives for the time of the call
     /// @param recoverable as passed to notifyStrategies(); strategies leave it to the caller to
     ///        end the process
     /// @return whether it was handled; not used by the library
@@ -47,6 +48,7 @@ class GENERIC_UTILS_EXPORT Err_Strategy
     Err_Strategy(const Err_Strategy&) = delete;
     Err_Strategy& operator=(const Err_Strategy&) = delete;
 
+    /// The name, as given to the constructor.
     const std::string& getName() const { return m_name; }
 
     /// What happens to errors while no strategy is registered: the platform's last error becomes
@@ -56,8 +58,14 @@ class GENERIC_UTILS_EXPORT Err_Strategy
 
     /// @name The platform's last error, one value a thread, 0 when there is none.
     /// @{
+
+    /// The value of the calling thread.
     static std::uint32_t getLastError();
+
+    /// Whether it is not 0.
     static bool isError();
+
+    /// Replaces it; 0 stands for none.
     static void setLastError(std::uint32_t error);
     /// @}
 

@@ -1,5 +1,5 @@
-#ifndef UTILS_ERRSYSLOGSTRATEGY_H
-#define UTILS_ERRSYSLOGSTRATEGY_H
+#ifndef GENERIC_UTILS_ERRSYSLOGSTRATEGY_H
+#define GENERIC_UTILS_ERRSYSLOGSTRATEGY_H
 
 #include <string>
 
@@ -30,6 +30,7 @@ class GENERIC_UTILS_EXPORT SysLogStrategy : public Err_Strategy
     /// @param severity a word in any letter case: "fatal" and "critical" are logged at LOG_CRIT,
     ///        "error" at LOG_ERR, "warning" at LOG_WARNING, "info" at LOG_INFO, "debug" at
     ///        LOG_DEBUG, and any other word at LOG_NOTICE
+    /// @param text what is logged
     static void logMessage(const std::string& severity, const std::string& text);
 };
 

@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAGFLAG_H
-#define UTILS_FLAGFLAG_H
+#ifndef GENERIC_UTILS_FLAGFLAG_H
+#define GENERIC_UTILS_FLAGFLAG_H
 
 #include <string>
 #include <type_traits>

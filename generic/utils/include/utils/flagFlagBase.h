@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAGFLAGBASE_H
-#define UTILS_FLAGFLAGBASE_H
+#ifndef GENERIC_UTILS_FLAGFLAGBASE_H
+#define GENERIC_UTILS_FLAGFLAGBASE_H
 
 #include <iosfwd>
 #include <map>
@@ -43,6 +43,7 @@ class GENERIC_UTILS_EXPORT Flag_FlagBase
     Flag_FlagBase(const Flag_FlagBase&) = delete;
     Flag_FlagBase& operator=(const Flag_FlagBase&) = delete;
 
+    /// The name, as given to the constructor.
     const std::string& getName() const { return m_name; }
 
   private:

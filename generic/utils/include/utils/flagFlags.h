@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAGFLAGS_H
-#define UTILS_FLAGFLAGS_H
+#ifndef GENERIC_UTILS_FLAGFLAGS_H
+#define GENERIC_UTILS_FLAGFLAGS_H
 
 #include <utils/export.h>
 #include <utils/flagFlag.h>

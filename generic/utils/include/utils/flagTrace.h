@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAGTRACE_H
-#define UTILS_FLAGTRACE_H
+#ifndef GENERIC_UTILS_FLAGTRACE_H
+#define GENERIC_UTILS_FLAGTRACE_H
 
 #include <atomic>
 #include <iosfwd>
@@ -66,6 +66,7 @@ inline bool isTraced(const Flag_Flag<int>* flagPtr, int traceLevel)
 class GENERIC_UTILS_EXPORT Flag_TraceCallSite
 {
   public:
+    /// The place and the level of every message that is traced here.
     constexpr Flag_TraceCallSite(const SourceLocation& location, int traceLevel)
         : m_location(location), m_traceLevel(traceLevel)
     {
@@ -80,6 +81,7 @@ class GENERIC_UTILS_EXPORT Flag_TraceCallSite
     /// Builds a message for this place that is like the call site's own.
     std::unique_ptr<Flag_TraceMsg> makeMessage(const Flag_Flag<int>& flag) const;
 
+    /// The place.
     const SourceLocation& getLocation() const { return m_location; }
 
   private:
@@ -94,12 +96,16 @@ class GENERIC_UTILS_EXPORT Flag_TraceCallSite
 class GENERIC_UTILS_EXPORT Flag_TraceEmission
 {
   public:
+    /// Claims the call site's message; when another emission has it, builds one for itself.
     Flag_TraceEmission(Flag_TraceCallSite& callSite, const Flag_Flag<int>& flag);
+
+    /// Ends the claim.
     ~Flag_TraceEmission();
 
     Flag_TraceEmission(const Flag_TraceEmission&) = delete;
     Flag_TraceEmission& operator=(const Flag_TraceEmission&) = delete;
 
+    /// Whether any strategy wants the message, or none is registered.
     bool isAnyInterested() const { return m_messagePtr->isAnyInterested(); }
 
     /// Empties the message and writes the header.

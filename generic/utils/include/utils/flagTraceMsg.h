@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAGTRACEMSG_H
-#define UTILS_FLAGTRACEMSG_H
+#ifndef GENERIC_UTILS_FLAGTRACEMSG_H
+#define GENERIC_UTILS_FLAGTRACEMSG_H
 
 #include <memory>
 #include <sstream>
@@ -61,9 +61,9 @@ class GENERIC_UTILS_EXPORT Flag_TraceMsg
   private:
     friend class Flag_TraceCallSite;
 
-    Flag_TraceMsg(const std::string& name, int currLevel, int traceLevel);
+    GENERIC_UTILS_LOCAL Flag_TraceMsg(const std::string& name, int currLevel, int traceLevel);
 
-    bool isHeaderFull() const;
+    GENERIC_UTILS_LOCAL bool isHeaderFull() const;
 
     const std::string* m_namePtr;
     int m_currLevel;

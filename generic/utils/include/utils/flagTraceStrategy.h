@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAGTRACESTRATEGY_H
-#define UTILS_FLAGTRACESTRATEGY_H
+#ifndef GENERIC_UTILS_FLAGTRACESTRATEGY_H
+#define GENERIC_UTILS_FLAGTRACESTRATEGY_H
 
 #include <list>
 #include <string>
@@ -45,6 +45,7 @@ class GENERIC_UTILS_EXPORT Flag_TraceStrategy
     Flag_TraceStrategy(const Flag_TraceStrategy&) = delete;
     Flag_TraceStrategy& operator=(const Flag_TraceStrategy&) = delete;
 
+    /// The name, as given to the constructor.
     const std::string& getName() const { return m_name; }
 
     /// What happens to traces while no strategy is registered: the text and an end of line are

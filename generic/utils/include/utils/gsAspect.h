@@ -1,5 +1,5 @@
-#ifndef UTILS_GSASPECT_H
-#define UTILS_GSASPECT_H
+#ifndef GENERIC_UTILS_GSASPECT_H
+#define GENERIC_UTILS_GSASPECT_H
 
 #include <iosfwd>
 #include <map>
@@ -33,6 +33,7 @@ class GENERIC_UTILS_EXPORT Gs_Aspect
     Gs_Aspect(const Gs_Aspect&) = delete;
     Gs_Aspect& operator=(const Gs_Aspect&) = delete;
 
+    /// The name, as given to the constructor.
     const std::string& getName() const { return m_name; }
 
   private:

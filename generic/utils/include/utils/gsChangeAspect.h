@@ -1,5 +1,5 @@
-#ifndef UTILS_GSCHANGEASPECT_H
-#define UTILS_GSCHANGEASPECT_H
+#ifndef GENERIC_UTILS_GSCHANGEASPECT_H
+#define GENERIC_UTILS_GSCHANGEASPECT_H
 
 #include <utils/export.h>
 #include <utils/gsAspect.h>
@@ -33,6 +33,7 @@ class GENERIC_UTILS_EXPORT Gs_DefaultAspectPtr
     /// Never null.
     operator Gs_Aspect*() const { return Std_Singleton<Gs_ChangeAspect>::getInstancePtr(); }
 
+    /// Never null.
     Gs_Aspect* operator->() const { return *this; }
 };
 

@@ -1,5 +1,5 @@
-#ifndef UTILS_GSERROR_H
-#define UTILS_GSERROR_H
+#ifndef GENERIC_UTILS_GSERROR_H
+#define GENERIC_UTILS_GSERROR_H
 
 #include <utils/errAclError.h>
 #include <utils/export.h>
@@ -16,7 +16,10 @@ class GENERIC_UTILS_EXPORT Gs_Error : public Err_AclError
              const char* name);
     ~Gs_Error() override;
 
+    /// Copies all that the error holds.
     Gs_Error(const Gs_Error& other) = default;
+
+    /// Likewise.
     Gs_Error& operator=(const Gs_Error& other) = default;
 };
 

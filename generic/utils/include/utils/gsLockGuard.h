@@ -1,5 +1,5 @@
-#ifndef UTILS_GSLOCKGUARD_H
-#define UTILS_GSLOCKGUARD_H
+#ifndef GENERIC_UTILS_GSLOCKGUARD_H
+#define GENERIC_UTILS_GSLOCKGUARD_H
 
 #include <utils/export.h>
 #include <utils/lock/Lock.h>

@@ -1,5 +1,5 @@
-#ifndef UTILS_GSLOCKS_H
-#define UTILS_GSLOCKS_H
+#ifndef GENERIC_UTILS_GSLOCKS_H
+#define GENERIC_UTILS_GSLOCKS_H
 
 #include <libos/COsMutex.h>
 #include <utils/export.h>

@@ -1,5 +1,5 @@
-#ifndef UTILS_GSOBSERVER_H
-#define UTILS_GSOBSERVER_H
+#ifndef GENERIC_UTILS_GSOBSERVER_H
+#define GENERIC_UTILS_GSOBSERVER_H
 
 #include <iosfwd>
 #include <set>
@@ -48,8 +48,13 @@ class GENERIC_UTILS_EXPORT Gs_Observer
     /// @name The subjects that hold an attachment of this observer. Called by subjects; null is
     /// ignored.
     /// @{
+
+    /// Adds a subject; one that is known stays known once.
     void insertSubject(Gs_Subject* subjectPtr);
+
+    /// Removes a subject, if it is known.
     void eraseSubject(Gs_Subject* subjectPtr);
+
     /// @}
 
     /// The name of an observer, or "null" for a null pointer.

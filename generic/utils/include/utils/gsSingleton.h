@@ -1,5 +1,5 @@
-#ifndef UTILS_GSSINGLETON_H
-#define UTILS_GSSINGLETON_H
+#ifndef GENERIC_UTILS_GSSINGLETON_H
+#define GENERIC_UTILS_GSSINGLETON_H
 
 #include <atomic>
 #include <typeinfo>

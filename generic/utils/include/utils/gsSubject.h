@@ -1,5 +1,5 @@
-#ifndef UTILS_GSSUBJECT_H
-#define UTILS_GSSUBJECT_H
+#ifndef GENERIC_UTILS_GSSUBJECT_H
+#define GENERIC_UTILS_GSSUBJECT_H
 
 #include <iosfwd>
 #include <list>
@@ -83,6 +83,7 @@ class GENERIC_UTILS_EXPORT Gs_Subject
     /// @param observerPtr null is reported, and attached: nothing will be called
     /// @param function what to call; may be virtual
     /// @param aspectPtr null: the default aspect
+    /// @param priority any; the lowest is called first
     template <typename T>
     void attach(T* observerPtr, void (T::*function)(), Gs_Aspect* aspectPtr, unsigned int priority);
 
@@ -90,6 +91,7 @@ class GENERIC_UTILS_EXPORT Gs_Subject
     /// ever attached there is reported as Gs_AttachDoesNotExistError, that the observer is not is
     /// not.
     /// @param observerPtr,aspectPtr null is reported
+    /// @param priority that of the attachment
     void detach(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr, unsigned int priority);
 
     /// Takes back the first attachment of an observer: in the order of the aspects' addresses, then
@@ -109,11 +111,15 @@ class GENERIC_UTILS_EXPORT Gs_Subject
     /// @name What attach() and detach() do to the tables, without their tests and traces.
     /// @{
 
+    /// Adds an attachment behind those of its aspect and priority.
+    /// @param observerPtr,priority as for attach()
     /// @param aspectPtr not replaced when null
     /// @param updaterPtr its update() will be called; owned by the subject when the operation has
     ///        succeeded, not when it throws or the subject is being destroyed
     void insertObserver(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr, unsigned int priority,
                         Gs_Observer* updaterPtr);
+
+    /// Takes back the first attachment of an observer at an aspect and priority, if there is one.
     void eraseObserver(Gs_Observer* observerPtr, Gs_Aspect* aspectPtr, unsigned int priority);
     /// @}
 
@@ -143,14 +149,14 @@ class GENERIC_UTILS_EXPORT Gs_Subject
     class GENERIC_UTILS_EXPORT Operation
     {
       public:
-        explicit Operation(Gs_Subject& subject);
+        GENERIC_UTILS_LOCAL explicit Operation(Gs_Subject& subject);
         Operation(Gs_Subject& subject, const char* name);
         ~Operation();
 
         Operation(const Operation&) = delete;
         Operation& operator=(const Operation&) = delete;
 
-        void begin(const char* name);
+        GENERIC_UTILS_LOCAL void begin(const char* name);
         bool isSubjectGone() const { return m_subjectPtr == nullptr; }
 
         Gs_Subject* m_subjectPtr;
@@ -166,25 +172,26 @@ class GENERIC_UTILS_EXPORT Gs_Subject
     Gs_Aspect* prepareAttach(const Operation& operation, Gs_Observer* observerPtr,
                              Gs_Aspect* aspectPtr, unsigned int priority) const;
 
-    PriorityTable* findPriorityTable(Gs_Aspect* aspectPtr) const;
-    AttachmentList* findList(Gs_Aspect* aspectPtr, unsigned int priority) const;
-    AttachmentList& findOrCreateList(Gs_Aspect* aspectPtr, unsigned int priority);
+    GENERIC_UTILS_LOCAL PriorityTable* findPriorityTable(Gs_Aspect* aspectPtr) const;
+    GENERIC_UTILS_LOCAL AttachmentList* findList(Gs_Aspect* aspectPtr, unsigned int priority) const;
+    GENERIC_UTILS_LOCAL AttachmentList& findOrCreateList(Gs_Aspect* aspectPtr,
+                                                         unsigned int priority);
 
     // Calls function(aspectPtr, priority, attachment) for every attachment, in the order of the
     // tables, until one call returns true. Returns whether one did.
     template <typename Function>
     bool findAttachment(Function function) const;
 
-    bool detachFirstIf(const Gs_Observer* observerPtr, bool isAnyObserver);
-    bool updateObservers(Operation& operation, AttachmentList& list, const Gs_Aspect* aspectPtr,
-                         unsigned int priority);
+    GENERIC_UTILS_LOCAL bool detachFirstIf(const Gs_Observer* observerPtr, bool isAnyObserver);
+    GENERIC_UTILS_LOCAL bool updateObservers(Operation& operation, AttachmentList& list,
+                                             const Gs_Aspect* aspectPtr, unsigned int priority);
 
-    Attachment unlink(AttachmentList& list, AttachmentList::iterator position);
-    unsigned int countAttachments(const Gs_Observer* observerPtr) const;
-    void link(Gs_Observer* observerPtr);
-    void unlink(Gs_Observer* observerPtr);
-    void forget(const Gs_Observer* observerPtr);
-    void releaseAttachments();
+    GENERIC_UTILS_LOCAL Attachment unlink(AttachmentList& list, AttachmentList::iterator position);
+    GENERIC_UTILS_LOCAL unsigned int countAttachments(const Gs_Observer* observerPtr) const;
+    GENERIC_UTILS_LOCAL void link(Gs_Observer* observerPtr);
+    GENERIC_UTILS_LOCAL void unlink(Gs_Observer* observerPtr);
+    GENERIC_UTILS_LOCAL void forget(const Gs_Observer* observerPtr);
+    GENERIC_UTILS_LOCAL void releaseAttachments();
 
     bool m_inDestructor = false;
     std::string m_currentMethod;

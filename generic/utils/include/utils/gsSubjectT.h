@@ -1,5 +1,5 @@
-#ifndef UTILS_GSSUBJECTT_H
-#define UTILS_GSSUBJECTT_H
+#ifndef GENERIC_UTILS_GSSUBJECTT_H
+#define GENERIC_UTILS_GSSUBJECTT_H
 
 /// @file
 /// The body of Gs_Subject::attach<T>().
@@ -34,8 +34,10 @@ void Gs_Subject::attach(T* observerPtr, void (T::*function)(), Gs_Aspect* aspect
     }
 }
 
+/// @cond
 extern template void Gs_Subject::attach<Gs_Observer>(Gs_Observer*, void (Gs_Observer::*)(),
                                                      Gs_Aspect*, unsigned int);
+/// @endcond
 
 }  // namespace utils
 

@@ -1,5 +1,5 @@
-#ifndef UTILS_GSUPDATEVOID_H
-#define UTILS_GSUPDATEVOID_H
+#ifndef GENERIC_UTILS_GSUPDATEVOID_H
+#define GENERIC_UTILS_GSUPDATEVOID_H
 
 #include <string>
 
@@ -20,12 +20,17 @@ template <typename T>
 class UpdateTarget
 {
   public:
+    /// @param observer may be null; then only getObserver() may be called
+    /// @param function may be virtual
     UpdateTarget(T* observer, void (T::*function)())
         : m_observer(observer), m_function(function), m_base(observer)
     {
     }
 
+    /// Calls the function on the observer.
     void call() const { (m_observer->*m_function)(); }
+
+    /// The observer, or null.
     const Gs_Observer* getObserver() const { return m_base; }
 
   private:
@@ -39,12 +44,16 @@ template <>
 class UpdateTarget<Gs_Observer>
 {
   public:
+    /// As above.
     UpdateTarget(Gs_Observer* observer, void (Gs_Observer::*function)())
         : m_observer(observer), m_function(function)
     {
     }
 
+    /// Calls the function on the observer.
     void call() const { (m_observer->*m_function)(); }
+
+    /// The observer, or null.
     const Gs_Observer* getObserver() const { return m_observer; }
 
   private:

@@ -1,5 +1,5 @@
-#ifndef UTILS_LLSENVVAR_H
-#define UTILS_LLSENVVAR_H
+#ifndef GENERIC_UTILS_LLSENVVAR_H
+#define GENERIC_UTILS_LLSENVVAR_H
 
 #include <string>
 
@@ -14,9 +14,11 @@ namespace utils
 class GENERIC_UTILS_EXPORT Lls_EnvVar
 {
   public:
+    /// @param name of the variable, which need not exist
     explicit Lls_EnvVar(std::string name);
     virtual ~Lls_EnvVar();
 
+    /// The name, as given to the constructor.
     const std::string& getName() const { return m_name; }
 
     /// Whether the variable exists at this moment; an empty one does.

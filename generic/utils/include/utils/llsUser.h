@@ -1,5 +1,5 @@
-#ifndef UTILS_LLSUSER_H
-#define UTILS_LLSUSER_H
+#ifndef GENERIC_UTILS_LLSUSER_H
+#define GENERIC_UTILS_LLSUSER_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef UTILS_STDDATA_H
-#define UTILS_STDDATA_H
+#ifndef GENERIC_UTILS_STDDATA_H
+#define GENERIC_UTILS_STDDATA_H
 
 #include <cstdint>
 #include <iosfwd>
@@ -32,6 +32,7 @@ class GENERIC_UTILS_EXPORT Std_Data
     /// C library's locale).
     ///
     /// The stream is left in hexadecimal, with blank as its fill character and no width.
+    /// @param os a stream of any state and settings
     /// @param data null: nothing is written
     /// @param length in bytes; below 1: nothing is written
     /// @return `os`

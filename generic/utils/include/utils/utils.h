@@ -1,5 +1,5 @@
-#ifndef UTILS_UTILS_H
-#define UTILS_UTILS_H
+#ifndef GENERIC_UTILS_UTILS_H
+#define GENERIC_UTILS_UTILS_H
 
 /// @file
 /// Everything.

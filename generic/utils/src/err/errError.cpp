@@ -1,7 +1,6 @@
 #include <utils/errError.h>
 
 #include <ctime>
-#include <sstream>
 
 #include <utils/errStrategy.h>
 #include <utils/llsCalendarTime.h>
@@ -44,9 +43,7 @@ void Err_Error::output(std::ostream& os) const
 
 std::string Err_Error::getString() const
 {
-    std::ostringstream text;
-    output(text);
-    return text.str() + '\0';
+    return textOf(*this) + '\0';
 }
 
 void Err_Error::exitOnError() const

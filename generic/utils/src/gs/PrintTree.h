@@ -1,5 +1,5 @@
-#ifndef UTILS_GS_PRINTTREE_H
-#define UTILS_GS_PRINTTREE_H
+#ifndef GENERIC_UTILS_GS_PRINTTREE_H
+#define GENERIC_UTILS_GS_PRINTTREE_H
 
 #include <set>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef UTILS_GS_SUBJECTTEXTS_H
-#define UTILS_GS_SUBJECTTEXTS_H
+#ifndef GENERIC_UTILS_GS_SUBJECTTEXTS_H
+#define GENERIC_UTILS_GS_SUBJECTTEXTS_H
 
 #include <iostream>
 #include <string>

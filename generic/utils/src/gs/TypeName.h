@@ -1,5 +1,5 @@
-#ifndef UTILS_GS_TYPENAME_H
-#define UTILS_GS_TYPENAME_H
+#ifndef GENERIC_UTILS_GS_TYPENAME_H
+#define GENERIC_UTILS_GS_TYPENAME_H
 
 #include <string>
 #include <typeinfo>

@@ -1,5 +1,5 @@
-#ifndef UTILS_GS_FINDATTACHMENT_H
-#define UTILS_GS_FINDATTACHMENT_H
+#ifndef GENERIC_UTILS_GS_FINDATTACHMENT_H
+#define GENERIC_UTILS_GS_FINDATTACHMENT_H
 
 /// @file
 /// The walk over the tables of a subject.

@@ -1,8 +1,9 @@
-#ifndef UTILS_INTERNAL_LOGSTREAM_H
-#define UTILS_INTERNAL_LOGSTREAM_H
+#ifndef GENERIC_UTILS_INTERNAL_LOGSTREAM_H
+#define GENERIC_UTILS_INTERNAL_LOGSTREAM_H
 
-#include <sstream>
 #include <string_view>
+
+#include "internal/TextOutput.h"
 
 namespace utils
 {
@@ -16,9 +17,7 @@ void writeLogLine(std::string_view text);
 template <typename Object>
 void writeToLog(Object& object)
 {
-    std::ostringstream text;
-    object.output(text);
-    writeLogLine(text.view());
+    writeLogLine(textOf(object));
 }
 
 }  // namespace utils

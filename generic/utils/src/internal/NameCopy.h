@@ -1,5 +1,5 @@
-#ifndef UTILS_INTERNAL_NAMECOPY_H
-#define UTILS_INTERNAL_NAMECOPY_H
+#ifndef GENERIC_UTILS_INTERNAL_NAMECOPY_H
+#define GENERIC_UTILS_INTERNAL_NAMECOPY_H
 
 #include <cstring>
 #include <ostream>

@@ -1,5 +1,5 @@
-#ifndef UTILS_INTERNAL_NULLTEXT_H
-#define UTILS_INTERNAL_NULLTEXT_H
+#ifndef GENERIC_UTILS_INTERNAL_NULLTEXT_H
+#define GENERIC_UTILS_INTERNAL_NULLTEXT_H
 
 #include <stdexcept>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef UTILS_INTERNAL_REPORT_H
-#define UTILS_INTERNAL_REPORT_H
+#ifndef GENERIC_UTILS_INTERNAL_REPORT_H
+#define GENERIC_UTILS_INTERNAL_REPORT_H
 
 #include <string>
 
@@ -7,6 +7,7 @@
 #include <utils/error/Error.h>
 
 #include "internal/SourceFile.h"
+#include "internal/TextOutput.h"
 
 namespace utils::error
 {
@@ -24,7 +25,7 @@ template <typename... Words>
                                           Error::Severity severity, const Words&... words)
 {
     Error error(sourceFile(where.file).c_str(), where.line, where.function, name, severity);
-    (error.getStream() << ... << words);
+    appendText(error.getStream(), toText(words...));
     strategy::StrategyT<Error>::invokeStrategies(Error::STRATEGY_TYPE, error);
     return error;
 }

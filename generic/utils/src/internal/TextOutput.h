@@ -1,5 +1,5 @@
-#ifndef UTILS_INTERNAL_TEXTOUTPUT_H
-#define UTILS_INTERNAL_TEXTOUTPUT_H
+#ifndef GENERIC_UTILS_INTERNAL_TEXTOUTPUT_H
+#define GENERIC_UTILS_INTERNAL_TEXTOUTPUT_H
 
 #include <locale>
 #include <ostream>
@@ -35,6 +35,32 @@ std::string toText(const Words&... words)
         // The text ends here.
     }
     return std::move(text).str();
+}
+
+/// What an object (a message, an error) writes through its output(), as far as it can be written.
+/// Throws as toText() does.
+template <typename Object>
+std::string textOf(Object& object)
+{
+    std::ostringstream text;
+    try
+    {
+        text.exceptions(std::ios_base::badbit);
+        object.output(text);
+    }
+    catch (const std::ios_base::failure&)
+    {
+        // The text ends here.
+    }
+    return std::move(text).str();
+}
+
+/// Appends to the text of a stream that is good; throws when memory runs out, like toText().
+inline void appendText(std::ostringstream& stream, std::string_view text)
+{
+    stream.exceptions(std::ios_base::badbit);
+    writeText(stream, text);
+    stream.exceptions(std::ios_base::goodbit);
 }
 
 /// Writes the words in a stream's default format, ends the line and flushes.

@@ -1,5 +1,5 @@
-#ifndef UTILS_COMMAND_COMMAND_H
-#define UTILS_COMMAND_COMMAND_H
+#ifndef GENERIC_UTILS_COMMAND_COMMAND_H
+#define GENERIC_UTILS_COMMAND_COMMAND_H
 
 #include <iosfwd>
 #include <string>
@@ -49,6 +49,7 @@ class GENERIC_UTILS_EXPORT Command
     Command(const Command&) = delete;
     Command& operator=(const Command&) = delete;
 
+    /// The name, as given to the constructor.
     const std::string& getName() const { return m_name; }
 
     /// Does the work. The command may be gone afterwards, if it destroys itself.

@@ -1,5 +1,5 @@
-#ifndef UTILS_COMMAND_MACRO_H
-#define UTILS_COMMAND_MACRO_H
+#ifndef GENERIC_UTILS_COMMAND_MACRO_H
+#define GENERIC_UTILS_COMMAND_MACRO_H
 
 #include <string>
 #include <vector>
@@ -25,6 +25,7 @@ namespace utils::command
 class GENERIC_UTILS_EXPORT Macro : public Command
 {
   public:
+    /// @param name for traces; need not be unique
     /// @param continueOnError whether a failing command lets the execution go on
     /// @param autoDelete whether the macro, made with new, deletes itself at its end
     explicit Macro(const std::string& name, bool continueOnError = false, bool autoDelete = false);
@@ -53,6 +54,7 @@ class GENERIC_UTILS_EXPORT Macro : public Command
     /// INVALID_ARGUMENT and yields null.
     Command* getCommandPtr(unsigned long index) const;
 
+    /// Whether the macro deletes itself at its end.
     bool isAutoDelete() const { return m_autoDelete; }
 
   private:

@@ -1,5 +1,5 @@
-#ifndef UTILS_COMMAND_NOOPCOMMAND_H
-#define UTILS_COMMAND_NOOPCOMMAND_H
+#ifndef GENERIC_UTILS_COMMAND_NOOPCOMMAND_H
+#define GENERIC_UTILS_COMMAND_NOOPCOMMAND_H
 
 #include <utils/command/Command.h>
 #include <utils/export.h>

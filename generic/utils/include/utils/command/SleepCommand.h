@@ -1,5 +1,5 @@
-#ifndef UTILS_COMMAND_SLEEPCOMMAND_H
-#define UTILS_COMMAND_SLEEPCOMMAND_H
+#ifndef GENERIC_UTILS_COMMAND_SLEEPCOMMAND_H
+#define GENERIC_UTILS_COMMAND_SLEEPCOMMAND_H
 
 #include <utils/command/Command.h>
 #include <utils/export.h>

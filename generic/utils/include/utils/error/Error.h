@@ -1,5 +1,5 @@
-#ifndef UTILS_ERROR_ERROR_H
-#define UTILS_ERROR_ERROR_H
+#ifndef GENERIC_UTILS_ERROR_ERROR_H
+#define GENERIC_UTILS_ERROR_ERROR_H
 
 #include <iosfwd>
 #include <sstream>
@@ -65,11 +65,14 @@ class GENERIC_UTILS_EXPORT Error
     /// Begins a report: writes the header into the stream (severity, name, user, time, place).
     /// @param file,line,function the place; a null text puts the stream into its bad state
     /// @param name what kind of failure, a short word
+    /// @param severity any value; one that is no enumerator is written as "UNKNOWN"
     Error(const char* file, int line, const char* function, const std::string& name,
           const Severity& severity);
 
     /// Copies name, severity and text; the copy can be written to further.
     Error(const Error& other);
+
+    /// Likewise.
     Error& operator=(const Error& other);
 
     virtual ~Error();
@@ -80,7 +83,10 @@ class GENERIC_UTILS_EXPORT Error
     /// The text so far, header included, to be written to.
     std::ostringstream& getStream() { return m_stream; }
 
+    /// What kind of failure, as given to the constructor.
     const std::string& getName() const { return m_name; }
+
+    /// The severity, as given to the constructor.
     Severity getSeverity() const { return m_severity; }
 
     /// "INFO" ... "FATAL", or "UNKNOWN" for any other value.

@@ -1,5 +1,5 @@
-#ifndef UTILS_ERROR_SYSLOGSTRATEGY_H
-#define UTILS_ERROR_SYSLOGSTRATEGY_H
+#ifndef GENERIC_UTILS_ERROR_SYSLOGSTRATEGY_H
+#define GENERIC_UTILS_ERROR_SYSLOGSTRATEGY_H
 
 #include <utils/error/Error.h>
 #include <utils/export.h>

@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAG_DEFAULTSTRATEGY_H
-#define UTILS_FLAG_DEFAULTSTRATEGY_H
+#ifndef GENERIC_UTILS_FLAG_DEFAULTSTRATEGY_H
+#define GENERIC_UTILS_FLAG_DEFAULTSTRATEGY_H
 
 #include <utils/export.h>
 #include <utils/flag/TraceMsg.h>

@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAG_FLAG_H
-#define UTILS_FLAG_FLAG_H
+#ifndef GENERIC_UTILS_FLAG_FLAG_H
+#define GENERIC_UTILS_FLAG_FLAG_H
 
 #include <iosfwd>
 #include <map>
@@ -44,12 +44,14 @@ class GENERIC_UTILS_EXPORT Flag
     Flag(const Flag&) = delete;
     Flag& operator=(const Flag&) = delete;
 
+    /// The name, as given to the constructor.
     const std::string& getName() const { return m_name; }
 
     /// Takes the name out of the registry; nothing happens when it is not there.
     void cleanUp();
 
     /// Looks a flag up.
+    /// @param name the whole name, letter case included
     /// @param quiet true: a miss is not reported
     /// @return the flag, or null when there is none; unless quiet, that is reported as warning
     ///        DOES_NOT_EXIST

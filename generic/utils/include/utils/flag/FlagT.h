@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAG_FLAGT_H
-#define UTILS_FLAG_FLAGT_H
+#ifndef GENERIC_UTILS_FLAG_FLAGT_H
+#define GENERIC_UTILS_FLAG_FLAGT_H
 
 #include <atomic>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAG_INITIALVALUES_H
-#define UTILS_FLAG_INITIALVALUES_H
+#ifndef GENERIC_UTILS_FLAG_INITIALVALUES_H
+#define GENERIC_UTILS_FLAG_INITIALVALUES_H
 
 #include <map>
 #include <string>
@@ -41,12 +41,13 @@ class GENERIC_UTILS_EXPORT InitialValues
     void redoInitialValuesCollection();
 
     /// Looks up a start value.
+    /// @param name the flag's whole name
     /// @param value receives the text; untouched when there is none
     /// @return whether the file names the flag
     bool getInitialValue(const std::string& name, std::string& value) const;
 
   private:
-    void readPairs(std::istream& file);
+    GENERIC_UTILS_LOCAL void readPairs(std::istream& file);
 
     std::map<std::string, std::string> m_values;
 };

@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAG_TRACE_H
-#define UTILS_FLAG_TRACE_H
+#ifndef GENERIC_UTILS_FLAG_TRACE_H
+#define GENERIC_UTILS_FLAG_TRACE_H
 
 #include <atomic>
 #include <memory>
@@ -73,10 +73,14 @@ template <typename Collection>
 
 /// @name The governing flag of a trace, given by pointer (null: no trace) or by reference.
 /// @{
+
+/// The same pointer.
 inline const FlagT<int>* toFlagPtr(const FlagT<int>* flagPtr)
 {
     return flagPtr;
 }
+
+/// A pointer to the flag.
 inline const FlagT<int>* toFlagPtr(const FlagT<int>& flag)
 {
     return &flag;
@@ -94,6 +98,7 @@ inline bool isTraced(const FlagT<int>* flagPtr, int messageLevel)
 class GENERIC_UTILS_EXPORT TraceCallSite
 {
   public:
+    /// The place and the level of every message that is traced here.
     constexpr TraceCallSite(const SourceLocation& location, int messageLevel)
         : m_location(location), m_messageLevel(messageLevel)
     {
@@ -119,7 +124,10 @@ class GENERIC_UTILS_EXPORT TraceCallSite
 class GENERIC_UTILS_EXPORT TraceEmission
 {
   public:
+    /// Claims the call site's message; when another emission has it, builds one for itself.
     TraceEmission(TraceCallSite& callSite, const FlagT<int>& flag);
+
+    /// Ends the claim.
     ~TraceEmission();
 
     TraceEmission(const TraceEmission&) = delete;

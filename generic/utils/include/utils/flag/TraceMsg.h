@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAG_TRACEMSG_H
-#define UTILS_FLAG_TRACEMSG_H
+#ifndef GENERIC_UTILS_FLAG_TRACEMSG_H
+#define GENERIC_UTILS_FLAG_TRACEMSG_H
 
 #include <iosfwd>
 #include <sstream>
@@ -48,7 +48,7 @@ class GENERIC_UTILS_EXPORT TraceMsg
     std::ostream& header(std::ostream& os);
 
   private:
-    bool isHeaderFull() const;
+    GENERIC_UTILS_LOCAL bool isHeaderFull() const;
 
     std::ostringstream m_stream;
     const FlagT<int>* m_traceLevelPtr;

@@ -1,5 +1,5 @@
-#ifndef UTILS_LOCK_LOCK_H
-#define UTILS_LOCK_LOCK_H
+#ifndef GENERIC_UTILS_LOCK_LOCK_H
+#define GENERIC_UTILS_LOCK_LOCK_H
 
 #include <libos/COsMutex.h>
 #include <utils/export.h>

@@ -1,5 +1,5 @@
-#ifndef UTILS_LOGEXP_LOGEXP_H
-#define UTILS_LOGEXP_LOGEXP_H
+#ifndef GENERIC_UTILS_LOGEXP_LOGEXP_H
+#define GENERIC_UTILS_LOGEXP_LOGEXP_H
 
 #include <map>
 #include <string>
@@ -49,6 +49,7 @@ class GENERIC_UTILS_EXPORT LogExp
     static bool calculate(std::string expression);
 
     /// The value of a section without parentheses.
+    /// @param section over the alphabet of parse(), without parentheses
     /// @param sectionNumber only traced
     /// @throws std::out_of_range for an empty section
     static bool calculateSection(std::string section, int sectionNumber);

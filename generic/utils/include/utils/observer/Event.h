@@ -1,5 +1,5 @@
-#ifndef UTILS_OBSERVER_EVENT_H
-#define UTILS_OBSERVER_EVENT_H
+#ifndef GENERIC_UTILS_OBSERVER_EVENT_H
+#define GENERIC_UTILS_OBSERVER_EVENT_H
 
 #include <memory>
 #include <string>
@@ -18,8 +18,8 @@ class NotifierTable;
 /// A registration as a notification sees it: part of Event, not for applications.
 struct NotifierEntry
 {
-    Notifier* notifierPtr = nullptr;
-    NotifierEntry* nextPtr = nullptr;
+    Notifier* notifierPtr = nullptr;   ///< whom to call
+    NotifierEntry* nextPtr = nullptr;  ///< the registration after this one
 };
 
 /// Something that occurs, and the notifiers that want to be called when it does.
@@ -58,6 +58,7 @@ class GENERIC_UTILS_EXPORT Event
     /// Gives the event a lock, for the rest of its life. A second call does nothing.
     void enableLock();
 
+    /// Whether enableLock() has been called.
     bool isLockEnabled() const { return m_mutex != nullptr; }
 
     /// Adds a registration, behind those of the same priority. Does nothing when the lock cannot
@@ -69,6 +70,7 @@ class GENERIC_UTILS_EXPORT Event
 
     /// Removes the earliest registration of a notifier at exactly this priority.
     /// @param notifierPtr null is reported as error NULL_PTR and ends the process
+    /// @param priority that of the registration
     /// @return true when one was removed, and also when the lock could not be taken. When there is
     ///         none, error NOT_REGISTERED is reported, and false returned with the lock still held.
     bool unregisterInterest(const Notifier* notifierPtr, const int& priority);
@@ -90,8 +92,8 @@ class GENERIC_UTILS_EXPORT Event
   private:
     class Guard;
 
-    void insert(Notifier* notifierPtr, int priority);
-    bool erase(const Notifier* notifierPtr, int priority);
+    GENERIC_UTILS_LOCAL void insert(Notifier* notifierPtr, int priority);
+    GENERIC_UTILS_LOCAL bool erase(const Notifier* notifierPtr, int priority);
     unsigned long callUnderLock(void* data);
     void traceNotification(unsigned long count) const;
 

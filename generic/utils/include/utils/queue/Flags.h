@@ -1,5 +1,5 @@
-#ifndef UTILS_QUEUE_FLAGS_H
-#define UTILS_QUEUE_FLAGS_H
+#ifndef GENERIC_UTILS_QUEUE_FLAGS_H
+#define GENERIC_UTILS_QUEUE_FLAGS_H
 
 #include <utils/export.h>
 #include <utils/flag/FlagT.h>

@@ -1,5 +1,5 @@
-#ifndef UTILS_QUEUE_QUEUE_H
-#define UTILS_QUEUE_QUEUE_H
+#ifndef GENERIC_UTILS_QUEUE_QUEUE_H
+#define GENERIC_UTILS_QUEUE_QUEUE_H
 
 #include <atomic>
 #include <iosfwd>
@@ -58,6 +58,7 @@ class GENERIC_UTILS_EXPORT Queue : public WriteableQueue
 
     /// Creates the queue and enters it in the queue collection. A name that is taken is fatal: it
     /// is reported as error ALREADY_EXISTS, then the process ends with exit status 1.
+    /// @param name unique among the queues
     /// @param maxMacros the capacity; the platform counts with its lower 32 bits
     Queue(const std::string& name, unsigned long maxMacros);
 
@@ -107,8 +108,13 @@ class GENERIC_UTILS_EXPORT Queue : public WriteableQueue
     /// Replaces the selection function.
     void setQueueSelectionAlgorithm(const QueueSelectionAlgorithm& algorithm);
 
+    /// The name, as given to the constructor.
     const std::string& getName() const { return m_name; }
+
+    /// The capacity, as given to the constructor.
     unsigned long getMaxMacros() const { return m_maxMacros; }
+
+    /// How many queues macros are forwarded to.
     unsigned long getNumQueuesToForwardTo() const;
 
     /// The number of macros in this queue itself.
@@ -127,10 +133,11 @@ class GENERIC_UTILS_EXPORT Queue : public WriteableQueue
     friend class task::Task;
 
     osQueueHandle_t getOsQueue() const { return m_osQueue.load(std::memory_order_acquire); }
-    void destroyOsQueue();
-    bool store(const command::Macro* macroPtr, int waitInMs);
-    bool selectTarget(const command::Macro* macroPtr, Queue*& target) const;
-    std::vector<Queue*> copyQueuesToForwardTo() const;
+    GENERIC_UTILS_LOCAL void destroyOsQueue();
+    GENERIC_UTILS_LOCAL bool store(const command::Macro* macroPtr, int waitInMs);
+    GENERIC_UTILS_LOCAL bool selectTarget(const command::Macro* macroPtr, Queue*& target) const;
+    GENERIC_UTILS_LOCAL std::vector<Queue*> copyQueuesToForwardTo() const;
+    GENERIC_UTILS_LOCAL std::vector<std::string> namesOfQueuesToForwardTo() const;
 
     std::string m_name;
     unsigned long m_maxMacros;

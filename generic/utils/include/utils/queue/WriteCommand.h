@@ -1,5 +1,5 @@
-#ifndef UTILS_QUEUE_WRITECOMMAND_H
-#define UTILS_QUEUE_WRITECOMMAND_H
+#ifndef GENERIC_UTILS_QUEUE_WRITECOMMAND_H
+#define GENERIC_UTILS_QUEUE_WRITECOMMAND_H
 
 #include <utils/command/Command.h>
 #include <utils/command/Macro.h>

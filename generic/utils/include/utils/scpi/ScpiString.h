@@ -1,5 +1,5 @@
-#ifndef UTILS_SCPI_SCPISTRING_H
-#define UTILS_SCPI_SCPISTRING_H
+#ifndef GENERIC_UTILS_SCPI_SCPISTRING_H
+#define GENERIC_UTILS_SCPI_SCPISTRING_H
 
 #include <string>
 
@@ -32,22 +32,32 @@ class GENERIC_UTILS_EXPORT ScpiString
   public:
     /// A header with this name; see setName().
     explicit ScpiString(const char* name);
+
+    /// Likewise.
     explicit ScpiString(const std::string& name);
 
     virtual ~ScpiString();
 
+    /// Copies the name, both forms and whether it is a query.
     ScpiString(const ScpiString&) = default;
+
+    /// Likewise.
     ScpiString& operator=(const ScpiString&) = default;
 
     /// Changes the name and derives both forms from it. What was a query stays one.
     /// @param name null counts as empty
     void setName(const char* name);
+
+    /// Likewise.
     void setName(const std::string& name);
 
     /// The name as it was given.
     const std::string& getName() const { return m_name; }
 
+    /// The short form of every node.
     const std::string& getShortName() const { return m_shortName; }
+
+    /// The long form of every node.
     const std::string& getLongName() const { return m_longName; }
 
     /// Whether any name given so far contained a "?".
@@ -61,12 +71,20 @@ class GENERIC_UTILS_EXPORT ScpiString
     /// quotes.
     /// @param header null and empty headers are not compliant
     bool isCompliant(const char* header) const;
+
+    /// Likewise.
     bool isCompliant(const std::string& header) const;
 
     /// @name Letter case in the global locale
     /// @{
+
+    /// Whether the character is a letter in lower case.
     static bool isLower(char character);
+
+    /// The letter in lower case; any other character as it is.
     static char toLower(char character);
+
+    /// The letter in upper case; any other character as it is.
     static char toUpper(char character);
     /// @}
 

@@ -1,5 +1,5 @@
-#ifndef UTILS_SINGLETON_NEVERDESTROYED_H
-#define UTILS_SINGLETON_NEVERDESTROYED_H
+#ifndef GENERIC_UTILS_SINGLETON_NEVERDESTROYED_H
+#define GENERIC_UTILS_SINGLETON_NEVERDESTROYED_H
 
 #include <new>
 #include <utility>
@@ -25,6 +25,7 @@ class NeverDestroyed
     NeverDestroyed(const NeverDestroyed&) = delete;
     NeverDestroyed& operator=(const NeverDestroyed&) = delete;
 
+    /// The object.
     T& get() { return *std::launder(reinterpret_cast<T*>(m_storage)); }
 
   private:

@@ -1,5 +1,5 @@
-#ifndef UTILS_STRATEGY_STRATEGY_H
-#define UTILS_STRATEGY_STRATEGY_H
+#ifndef GENERIC_UTILS_STRATEGY_STRATEGY_H
+#define GENERIC_UTILS_STRATEGY_STRATEGY_H
 
 #include <iosfwd>
 #include <list>
@@ -48,7 +48,10 @@ class GENERIC_UTILS_EXPORT Strategy
     Strategy(const Strategy&) = delete;
     Strategy& operator=(const Strategy&) = delete;
 
+    /// What the strategy handles, as given to the constructor.
     const std::string& getType() const { return m_type; }
+
+    /// The name, as given to the constructor.
     const std::string& getName() const { return m_name; }
 
     /// Unregisters the strategy; nothing happens when it is not registered.
@@ -58,10 +61,41 @@ class GENERIC_UTILS_EXPORT Strategy
     static void outputStrategyTypes(std::ostream& os);
 
   protected:
+    /// A walk along the listed strategies of a type, on the stack of the thread that delivers. What it
+    /// calls may register strategies and end any, those still to come and the current one included.
+    class GENERIC_UTILS_EXPORT Walk
+    {
+      public:
+        /// Begins before the first strategy. @param info outlives the walk
+        explicit Walk(const StrategyCollectionInfo& info);
+        ~Walk();
+
+        Walk(const Walk&) = delete;
+        Walk& operator=(const Walk&) = delete;
+
+        /// Goes to the next strategy. @return null when there is none
+        Strategy* next();
+
+        /// Whether the current strategy is still listed.
+        bool isCurrentListed() const { return m_currentPtr != nullptr; }
+
+      private:
+        friend class Strategy;
+
+        GENERIC_UTILS_LOCAL void leaveOut(const Strategy* strategyPtr);
+
+        const std::list<Strategy*>& m_strategies;
+        std::list<Strategy*>::const_iterator m_next;
+        Strategy* m_currentPtr = nullptr;
+        Walk* m_outerPtr;  // of the same thread
+    };
+
     /// The strategies of a type, or null when none was ever registered.
     static const StrategyCollectionInfo* findCollectionInfo(const std::string& type);
 
   private:
+    GENERIC_UTILS_LOCAL static thread_local Walk* theInnermostWalk;
+
     std::string m_type;
     std::string m_name;
 };

@@ -1,5 +1,5 @@
-#ifndef UTILS_STRATEGY_STRATEGYT_H
-#define UTILS_STRATEGY_STRATEGYT_H
+#ifndef GENERIC_UTILS_STRATEGY_STRATEGYT_H
+#define GENERIC_UTILS_STRATEGY_STRATEGYT_H
 
 #include <string>
 
@@ -13,7 +13,8 @@ namespace utils::strategy
 ///
 /// The operations run on the thread that delivers, with no lock of the library held. They may
 /// trace, report errors and use the whole library, also when they were called because of a trace
-/// or an error.
+/// or an error. They may register strategies and end any, themselves included; what ends before its
+/// turn is not called.
 template <typename T>
 class GENERIC_UTILS_EXPORT StrategyT : public Strategy
 {
@@ -49,11 +50,12 @@ class GENERIC_UTILS_EXPORT StrategyT : public Strategy
             }
             return;
         }
-        for (auto position = info->m_strategies.begin(); position != info->m_strategies.end();)
+        Walk walk(*info);
+        while (Strategy* const listed = walk.next())
         {
-            // Advanced first, so that a strategy may unregister itself while it is called.
-            auto* const strategy = dynamic_cast<StrategyT*>(*position++);
-            if (strategy != nullptr && strategy->isInterested(clientObject))
+            auto* const strategy = dynamic_cast<StrategyT*>(listed);
+            if (strategy != nullptr && strategy->isInterested(clientObject) &&
+                walk.isCurrentListed())
             {
                 strategy->processClientObject(clientObject);
             }

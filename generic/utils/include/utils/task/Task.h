@@ -1,5 +1,5 @@
-#ifndef UTILS_TASK_TASK_H
-#define UTILS_TASK_TASK_H
+#ifndef GENERIC_UTILS_TASK_TASK_H
+#define GENERIC_UTILS_TASK_TASK_H
 
 #include <atomic>
 #include <iosfwd>
@@ -16,6 +16,7 @@ namespace utils::task
 {
 
 class StartGate;
+class TerminateTaskMacro;
 
 /// Something that can be started and terminated.
 class GENERIC_UTILS_EXPORT TaskControl
@@ -162,11 +163,16 @@ class GENERIC_UTILS_EXPORT Task : public TaskControl
     /// @return `os`
     static std::ostream& outputTasks(std::ostream& os);
 
+    /// The name, as given to the constructor.
     const std::string& getName() const { return m_name; }
 
     /// The task's event queue. It must not be made to forward: the task would not see its macros.
     utils::queue::Queue* getEventQueuePtr() { return &m_eventQueue; }
+
+    /// What the thread is doing, at some moment during the call.
     State getState() const { return m_state.load(std::memory_order_acquire); }
+
+    /// Replaces the state, for a derived task that starts or ends its thread in a way of its own.
     void setState(State state) { m_state.store(state, std::memory_order_release); }
 
     /// What run() last returned; 0 before, and from start() on until the thread has finished.
@@ -184,16 +190,19 @@ class GENERIC_UTILS_EXPORT Task : public TaskControl
     void threadOfExecutionFinished(int status);
 
   private:
-    static int staticGo(void* arg);
+    GENERIC_UTILS_LOCAL static int staticGo(void* arg);
 
-    osTaskOptions_t makeOptions(const osTaskOptions_t* options, bool deleteWhenFinished);
-    void launch(const osTaskOptions_t& options, void* arg, StartGate& gate);
+    GENERIC_UTILS_LOCAL osTaskOptions_t makeOptions(const osTaskOptions_t* options,
+                                                    bool deleteWhenFinished);
+    GENERIC_UTILS_LOCAL void launch(const osTaskOptions_t& options, void* arg, StartGate& gate);
     bool isRunning() const { return getState() != NOT_RUNNING; }
-    bool isOwnThread() const;
-    bool exchangeState(State from, State to);
-    bool joinThread(int& exitStatus);
-    void offerTermination();
-    void destroyOsTask();
+    GENERIC_UTILS_LOCAL bool isOwnThread() const;
+    GENERIC_UTILS_LOCAL bool exchangeState(State from, State to);
+    GENERIC_UTILS_LOCAL bool joinThread(int& exitStatus);
+    GENERIC_UTILS_LOCAL TerminateTaskMacro* makeTerminateMacro();
+    GENERIC_UTILS_LOCAL void awaitThread();
+    GENERIC_UTILS_LOCAL void offerTermination();
+    GENERIC_UTILS_LOCAL void destroyOsTask();
 
     std::string m_name;
     utils::queue::Queue m_eventQueue;
@@ -201,6 +210,8 @@ class GENERIC_UTILS_EXPORT Task : public TaskControl
     std::atomic<State> m_state{NOT_RUNNING};
     std::atomic<osTaskHandle_t> m_osTask{nullptr};
     std::atomic<int> m_exitStatus{0};
+
+    bool m_isCleaningUp = false;
 
     // Holds the new thread back until start() has finished with the task.
     std::shared_ptr<StartGate> m_startGate;

@@ -1,5 +1,5 @@
-#ifndef UTILS_XML_ELEMENTDATA_H
-#define UTILS_XML_ELEMENTDATA_H
+#ifndef GENERIC_UTILS_XML_ELEMENTDATA_H
+#define GENERIC_UTILS_XML_ELEMENTDATA_H
 
 #include <cstdint>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef UTILS_XML_FLAGS_H
-#define UTILS_XML_FLAGS_H
+#ifndef GENERIC_UTILS_XML_FLAGS_H
+#define GENERIC_UTILS_XML_FLAGS_H
 
 #include <string>
 

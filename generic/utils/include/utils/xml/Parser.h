@@ -1,5 +1,5 @@
-#ifndef UTILS_XML_PARSER_H
-#define UTILS_XML_PARSER_H
+#ifndef GENERIC_UTILS_XML_PARSER_H
+#define GENERIC_UTILS_XML_PARSER_H
 
 #include <cstddef>
 #include <cstdint>
@@ -32,7 +32,8 @@ class PartCopier;
 /// There is no validation, no decoding of entities or characters, no CDATA, and ">" and "<" end a
 /// tag also inside of attribute values. White space is trimmed around the text of a leaf element.
 ///
-/// Notifiers run on the calling thread. They may unregister as observer::Event says.
+/// Notifiers run on the calling thread. They may unregister as observer::Event says, and use other
+/// parsers, but not the one that calls them.
 ///
 /// Time grows with the length of the text, and of the names and values that are found in it; memory
 /// with that of the text and the depth of the elements. No depth is too large for the stack.
@@ -61,21 +62,22 @@ class GENERIC_UTILS_EXPORT Parser
   private:
     struct Tag;
 
-    bool processNextTag(std::size_t from, Tag& tag);
-    bool isPlainEndTag(std::size_t left) const;
-    void processPlainEndTag(std::size_t left);
-    bool getPlainStartTag(std::size_t left, Tag& tag);
-    bool getNextTag(std::size_t from, Tag& tag);
-    std::size_t findLeftDelimiter(std::size_t from);
-    bool getElementName(std::size_t left, std::size_t start, std::size_t end, Tag& tag);
-    bool isLeafElement(bool endTag, bool emptyElement);
-    bool getLeafValue();
-    bool processNonEndTag(const Tag& tag);
-    bool processEndTag(const Tag& tag);
-    bool parseAttributesAndNotify(std::string_view attributes);
-    void openElement(std::string_view name);
-    void closeElement(std::string_view name);
-    const std::string& innermostName() const;
+    GENERIC_UTILS_LOCAL bool processNextTag(std::size_t from, Tag& tag);
+    GENERIC_UTILS_LOCAL bool isPlainEndTag(std::size_t left) const;
+    GENERIC_UTILS_LOCAL void processPlainEndTag(std::size_t left);
+    GENERIC_UTILS_LOCAL bool getPlainStartTag(std::size_t left, Tag& tag);
+    GENERIC_UTILS_LOCAL bool getNextTag(std::size_t from, Tag& tag);
+    GENERIC_UTILS_LOCAL std::size_t findLeftDelimiter(std::size_t from);
+    GENERIC_UTILS_LOCAL bool getElementName(std::size_t left, std::size_t start, std::size_t end,
+                                            Tag& tag);
+    GENERIC_UTILS_LOCAL bool isLeafElement(bool endTag, bool emptyElement);
+    GENERIC_UTILS_LOCAL bool getLeafValue();
+    GENERIC_UTILS_LOCAL bool processNonEndTag(const Tag& tag);
+    GENERIC_UTILS_LOCAL bool processEndTag(const Tag& tag);
+    GENERIC_UTILS_LOCAL bool parseAttributesAndNotify(std::string_view attributes);
+    GENERIC_UTILS_LOCAL void openElement(std::string_view name);
+    GENERIC_UTILS_LOCAL void closeElement(std::string_view name);
+    GENERIC_UTILS_LOCAL const std::string& innermostName() const;
     const std::string& getXml() const { return m_documentPtr->getXmlString(); }
 
     const DocumentForParsing* m_documentPtr;

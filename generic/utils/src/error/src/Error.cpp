@@ -38,9 +38,13 @@ Error::Error(const char* file, int line, const char* function, const std::string
     : m_name(name), m_severity(severity)
 {
     m_stream.imbue(std::locale::classic());
-    m_stream << "!" << severityToString(severity) << ": " << name << " by " << std::getUserName()
-             << " on " << std::dateTimeToStr(std::time(nullptr)) << ".\n"
-             << "Generated from " << file << "/" << line << "/" << function << ":\n";
+    appendText(m_stream, toText("!", severityToString(severity), ": ", name, " by ",
+                                std::getUserName(), " on ", std::dateTimeToStr(std::time(nullptr)),
+                                ".\nGenerated from ", file, "/", line, "/", function, ":\n"));
+    if (file == nullptr || function == nullptr)
+    {
+        m_stream.setstate(std::ios_base::badbit);
+    }
 }
 
 Error::Error(const Error& other)

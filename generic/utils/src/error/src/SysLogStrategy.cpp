@@ -1,8 +1,7 @@
 #include <utils/error/SysLogStrategy.h>
 
-#include <sstream>
-
 #include "internal/SystemLog.h"
+#include "internal/TextOutput.h"
 
 namespace utils::error
 {
@@ -18,9 +17,7 @@ bool SysLogStrategy::isInterested(const Error&)
 
 void SysLogStrategy::processClientObject(Error& error)
 {
-    std::ostringstream text;
-    error.output(text);
-    writeToSystemLog(Error::severityToString(error.getSeverity()), text.str());
+    writeToSystemLog(Error::severityToString(error.getSeverity()), textOf(error));
 }
 
 }  // namespace utils::error

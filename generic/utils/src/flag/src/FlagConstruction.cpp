@@ -20,11 +20,6 @@ FlagConstruction::~FlagConstruction()
     --theDepth;
 }
 
-bool FlagConstruction::isNested() const
-{
-    return theDepth > 1;
-}
-
 bool isInsideFlagConstruction()
 {
     return theDepth > 0;

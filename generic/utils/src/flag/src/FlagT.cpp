@@ -1,5 +1,6 @@
 #include <utils/flag/FlagT.h>
 
+#include <locale>
 #include <sstream>
 
 #include <libstd/strToValue.h>
@@ -27,6 +28,7 @@ template <typename T>
 bool FlagT<T>::setValueStr(const std::string& text)
 {
     std::istringstream stream(text);
+    stream.imbue(std::locale::classic());  // as getValueStr() writes
     T value{};
     if (!(stream >> value))
     {

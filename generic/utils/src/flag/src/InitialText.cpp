@@ -2,18 +2,14 @@
 
 #include <utils/flag/InitialValues.h>
 
-#include "flag/src/FlagConstruction.h"
-
 namespace utils::flag
 {
 
 bool findInitialText(const std::string& name, std::string& text)
 {
-    const FlagConstruction construction;
-    if (construction.isNested())
+    if (areInitialValuesBeingRead())
     {
-        // A strategy that reports the values file as missing makes a flag: the file is just being
-        // read.
+        // A strategy that reports the values file as missing makes a flag.
         return false;
     }
     return singleton::SingletonT<InitialValues>::getInstancePtr()->getInitialValue(name, text);

@@ -1,5 +1,5 @@
-#ifndef UTILS_FLAG_INITIALTEXT_H
-#define UTILS_FLAG_INITIALTEXT_H
+#ifndef GENERIC_UTILS_FLAG_INITIALTEXT_H
+#define GENERIC_UTILS_FLAG_INITIALTEXT_H
 
 #include <string>
 
@@ -11,6 +11,9 @@ namespace utils::flag
 /// @param text receives the text; untouched when there is none
 /// @return whether there is one
 bool findInitialText(const std::string& name, std::string& text);
+
+/// Whether the calling thread is inside the construction of the initial values.
+bool areInitialValuesBeingRead();
 
 }  // namespace utils::flag
 

@@ -7,6 +7,7 @@
 #include <libdir/DirectoryPaths.h>
 
 #include "flag/src/FlagConstruction.h"
+#include "flag/src/InitialText.h"
 #include "internal/Report.h"
 
 namespace utils::singleton
@@ -19,6 +20,18 @@ namespace utils::flag
 
 namespace
 {
+
+thread_local int theNumReaders = 0;
+
+class Reader
+{
+  public:
+    Reader() { ++theNumReaders; }
+    ~Reader() { --theNumReaders; }
+
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+};
 
 // The line that the report of an unreadable file has always named.
 constexpr int READ_ERROR_LINE = 183;
@@ -68,8 +81,14 @@ std::string readSignificantLine(std::istream& file)
 
 }  // namespace
 
+bool areInitialValuesBeingRead()
+{
+    return theNumReaders > 0;
+}
+
 InitialValues::InitialValues()
 {
+    const Reader reader;
     const FlagConstruction construction;
     redoInitialValuesCollection();
 }

@@ -1,5 +1,6 @@
 #include <utils/flagFlag.h>
 
+#include <locale>
 #include <sstream>
 
 #include <libstd/getType.h>
@@ -43,6 +44,7 @@ template <typename T>
 bool Flag_Flag<T>::setValueStr(const std::string& text)
 {
     std::istringstream stream(text);
+    stream.imbue(std::locale::classic());  // as getValueStr() writes
     if (isHexadecimal<T>(text))
     {
         stream >> std::hex;

@@ -1,5 +1,5 @@
-#ifndef UTILS_LOCK_ACQUIRE_H
-#define UTILS_LOCK_ACQUIRE_H
+#ifndef GENERIC_UTILS_LOCK_ACQUIRE_H
+#define GENERIC_UTILS_LOCK_ACQUIRE_H
 
 #include <libos/COsMutex.h>
 

@@ -298,6 +298,18 @@ std::vector<Queue*> Queue::copyQueuesToForwardTo() const
     return m_queuesToForwardTo;
 }
 
+// With the lock held, a queue that has to be taken out before it is destroyed is still there.
+std::vector<std::string> Queue::namesOfQueuesToForwardTo() const
+{
+    const lock::Lock guard(m_targets->getMutex());
+    std::vector<std::string> names;
+    for (const Queue* const queue : m_queuesToForwardTo)
+    {
+        names.push_back(queue->getName());
+    }
+    return names;
+}
+
 unsigned int Queue::size() const
 {
     osQueueHandle_t const osQueue = getOsQueue();
@@ -312,9 +324,9 @@ void Queue::output(std::ostream& os) const
     writeLine(os, "Queue selection alg.= 0x", toHex(m_queueSelectionAlgorithm));
     os << std::dec;
     writeLine(os, "Queues to forward to:");
-    for (const Queue* const queue : copyQueuesToForwardTo())
+    for (const std::string& name : namesOfQueuesToForwardTo())
     {
-        writeLine(os, "    ", queue->getName());
+        writeLine(os, "    ", name);
     }
 }
 

@@ -59,6 +59,8 @@ void outputType(std::ostream& os, const std::string& type, const CollectionInfo&
 
 }  // namespace
 
+thread_local Strategy::Walk* Strategy::theInnermostWalk = nullptr;
+
 Strategy::Strategy(const std::string& type, const std::string& name, bool isDefault)
     : m_type(type), m_name(name)
 {
@@ -91,7 +93,40 @@ void Strategy::cleanUp()
         info.m_defaultStrategy = nullptr;
         return;
     }
+    for (Walk* walkPtr = theInnermostWalk; walkPtr != nullptr; walkPtr = walkPtr->m_outerPtr)
+    {
+        walkPtr->leaveOut(this);
+    }
     info.m_strategies.remove(this);
+}
+
+Strategy::Walk::Walk(const StrategyCollectionInfo& info)
+    : m_strategies(info.m_strategies), m_next(m_strategies.begin()), m_outerPtr(theInnermostWalk)
+{
+    theInnermostWalk = this;
+}
+
+Strategy::Walk::~Walk()
+{
+    theInnermostWalk = m_outerPtr;
+}
+
+Strategy* Strategy::Walk::next()
+{
+    m_currentPtr = m_next == m_strategies.end() ? nullptr : *m_next++;
+    return m_currentPtr;
+}
+
+void Strategy::Walk::leaveOut(const Strategy* strategyPtr)
+{
+    while (m_next != m_strategies.end() && *m_next == strategyPtr)
+    {
+        ++m_next;
+    }
+    if (m_currentPtr == strategyPtr)
+    {
+        m_currentPtr = nullptr;
+    }
 }
 
 void Strategy::output(std::ostream& os) const

@@ -1,5 +1,5 @@
-#ifndef UTILS_TASK_STARTGATE_H
-#define UTILS_TASK_STARTGATE_H
+#ifndef GENERIC_UTILS_TASK_STARTGATE_H
+#define GENERIC_UTILS_TASK_STARTGATE_H
 
 #include <libos/COsMutex.h>
 #include <utils/lock/Lock.h>

@@ -40,6 +40,9 @@ constexpr int WAIT_FOREVER = -1;
 // How long to wait for a place in a full event queue before looking whether the thread still runs.
 constexpr int OFFER_WAIT_MS = 20;
 
+// And then, since a platform may refuse at once.
+constexpr unsigned long OFFER_PAUSE_MS = 1;
+
 NamedRegistry<Task>& registry()
 {
     static singleton::NeverDestroyed<NamedRegistry<Task>> theRegistry("Task", "tasks");
@@ -111,12 +114,14 @@ Task::~Task()
 void Task::cleanUp()
 {
     registry().remove(m_name);
+    m_isCleaningUp = true;
     // A derived class that overrides terminate() calls cleanUp() in its own destructor.
     // NOLINTNEXTLINE(clang-analyzer-optin.cplusplus.VirtualCall): for that reason
     if (isRunning() && !terminate(true))
     {
         offerTermination();
     }
+    m_isCleaningUp = false;
     destroyOsTask();
 }
 
@@ -132,6 +137,7 @@ void Task::offerTermination()
             macro.release();
             return;
         }
+        goToSleep(OFFER_PAUSE_MS);
     }
 }
 
@@ -272,6 +278,10 @@ bool Task::terminate(bool waitForTermination)
 {
     if (!isRunning())
     {
+        if (m_isCleaningUp)
+        {
+            return true;  // the thread has just ended by itself
+        }
         error::report(GENERIC_UTILS_HERE, WRONG_STATE_ERROR, Error::ERROR, "Task '", m_name,
                       "' can not be terminated - task is not running.");
         return false;
@@ -280,13 +290,13 @@ bool Task::terminate(bool waitForTermination)
 
     if (!exchangeState(RUNNING, WAITING_TO_TERMINATE) && !isRunning())
     {
-        return true;  // the thread has just ended by itself
+        return true;  // likewise
     }
 
     const bool deletesItself = m_deleteWhenFinished;
     // Not in a smart pointer: when a strategy that is told of the last steps throws, the macro is the
     // task's already.
-    auto* const macroPtr = new TerminateTaskMacro(&m_eventQueue);
+    auto* const macroPtr = makeTerminateMacro();
     if (macroPtr->execute() != 0)
     {
         const std::unique_ptr<TerminateTaskMacro> unwritten(macroPtr);
@@ -300,12 +310,38 @@ bool Task::terminate(bool waitForTermination)
     }
 
     // From here on the macro is the task's, and a task that deletes itself may be gone.
-    if (waitForTermination && !deletesItself && isRunning())
+    if (waitForTermination && !deletesItself)
     {
-        int exitStatus = 0;
-        joinThread(exitStatus);
+        awaitThread();
     }
     return true;
+}
+
+// Without memory for the macro, the task goes on.
+TerminateTaskMacro* Task::makeTerminateMacro()
+{
+    try
+    {
+        return new TerminateTaskMacro(&m_eventQueue);
+    }
+    catch (...)
+    {
+        exchangeState(WAITING_TO_TERMINATE, RUNNING);
+        throw;
+    }
+}
+
+void Task::awaitThread()
+{
+    int exitStatus = 0;
+    if (isRunning())
+    {
+        joinThread(exitStatus);
+    }
+    else if (!isOwnThread())
+    {
+        osTaskJoin(getOsTaskPtr());  // its last steps
+    }
 }
 
 bool Task::exchangeState(State from, State to)

@@ -1,5 +1,5 @@
-#ifndef UTILS_XML_CHARACTERSET_H
-#define UTILS_XML_CHARACTERSET_H
+#ifndef GENERIC_UTILS_XML_CHARACTERSET_H
+#define GENERIC_UTILS_XML_CHARACTERSET_H
 
 #include <array>
 #include <cstddef>

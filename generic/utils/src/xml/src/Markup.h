@@ -1,5 +1,5 @@
-#ifndef UTILS_XML_MARKUP_H
-#define UTILS_XML_MARKUP_H
+#ifndef GENERIC_UTILS_XML_MARKUP_H
+#define GENERIC_UTILS_XML_MARKUP_H
 
 #include <cstddef>
 #include <string_view>

@@ -1,5 +1,5 @@
-#ifndef UTILS_XML_PARTCOPIER_H
-#define UTILS_XML_PARTCOPIER_H
+#ifndef GENERIC_UTILS_XML_PARTCOPIER_H
+#define GENERIC_UTILS_XML_PARTCOPIER_H
 
 #include <array>
 #include <cstddef>

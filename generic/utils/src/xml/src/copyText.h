@@ -1,5 +1,5 @@
-#ifndef UTILS_XML_COPYTEXT_H
-#define UTILS_XML_COPYTEXT_H
+#ifndef GENERIC_UTILS_XML_COPYTEXT_H
+#define GENERIC_UTILS_XML_COPYTEXT_H
 
 #include <string>
 
