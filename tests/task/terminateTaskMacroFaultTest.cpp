@@ -62,9 +62,9 @@ TEST(TerminateTaskMacroFault, LeaksNothingWhicheverAllocationFails)
 TEST(TerminateTaskMacroFault, TaskGoesOnWhicheverAllocationFails)
 {
     const test::StepRecorder recorder;
+    test::Blocker blocker;
     utils::task::Task task("t", nullptr, 1);
     task.start(nullptr, nullptr, false);
-    test::Blocker blocker;
     ASSERT_TRUE(task.getEventQueuePtr()->write(blocker.makeMacro(), 0));
     blocker.waitUntilEntered();  // so that the thread asks for no memory meanwhile
 

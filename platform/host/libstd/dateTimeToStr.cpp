@@ -27,7 +27,6 @@ string dateTimeToStr(const long& secondsSinceEpoch)
 {
     const time_t time = secondsSinceEpoch;
     tm local{};
-    tzset();  // localtime_r() alone does not notice that the time zone has changed
     if (localtime_r(&time, &local) == nullptr)
     {
         return to_string(secondsSinceEpoch);

@@ -182,6 +182,7 @@ class GENERIC_UTILS_EXPORT Gs_Subject
     template <typename Function>
     bool findAttachment(Function function) const;
 
+    GENERIC_UTILS_LOCAL void eraseFirst(Gs_Observer* observerPtr);
     GENERIC_UTILS_LOCAL bool detachFirstIf(const Gs_Observer* observerPtr, bool isAnyObserver);
     GENERIC_UTILS_LOCAL bool updateObservers(Operation& operation, AttachmentList& list,
                                              const Gs_Aspect* aspectPtr, unsigned int priority);

@@ -1,6 +1,7 @@
 #ifndef GENERIC_UTILS_GSUPDATEVOID_H
 #define GENERIC_UTILS_GSUPDATEVOID_H
 
+#include <new>
 #include <string>
 
 #include <utils/SourceLocation.h>
@@ -81,9 +82,16 @@ class GENERIC_UTILS_EXPORT Gs_UpdateVoid : public Gs_Observer
 
     ~Gs_UpdateVoid() override
     {
-        GENERIC_UTILS_OLDER_TRACE_AT(
-            DESTRUCTION, flag::findGsFlag(&flag::Gs_Flags::m_traceUpdateSteps), 2,
-            "Destructing Gs_UpdateVoid (" << Gs_UpdateVoid::getName() << ")");
+        try
+        {
+            GENERIC_UTILS_OLDER_TRACE_AT(
+                DESTRUCTION, flag::findGsFlag(&flag::Gs_Flags::m_traceUpdateSteps), 2,
+                "Destructing Gs_UpdateVoid (" << Gs_UpdateVoid::getName() << ")");
+        }
+        catch (const std::bad_alloc&)
+        {
+            // Destructors do not throw: what there is no memory for stays unsaid.
+        }
     }
 
     Gs_UpdateVoid(const Gs_UpdateVoid&) = delete;

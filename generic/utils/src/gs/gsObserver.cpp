@@ -9,6 +9,7 @@
 
 #include "gs/PrintTree.h"
 #include "gs/TypeName.h"
+#include "internal/LastWords.h"
 #include "internal/TextOutput.h"
 
 namespace utils
@@ -36,13 +37,21 @@ Gs_Observer::Gs_Observer(const Gs_Observer& other)
 
 Gs_Observer::~Gs_Observer()
 {
-    GENERIC_UTILS_OLDER_TRACE(traceSteps(), 2, "Destructing Gs_Observer " << typeName(*this));
+    GENERIC_UTILS_LAST_WORDS(
+        GENERIC_UTILS_OLDER_TRACE(traceSteps(), 2, "Destructing Gs_Observer " << typeName(*this)));
     // The set is read anew each time, since detaching changes it.
     while (!m_subjects.empty())
     {
         Gs_Subject* const subjectPtr = *m_subjects.begin();
         const unsigned int numBefore = subjectPtr->countAttachments(this);
-        subjectPtr->detachFirst(this);
+        try
+        {
+            subjectPtr->detachFirst(this);
+        }
+        catch (const std::bad_alloc&)
+        {
+            subjectPtr->eraseFirst(this);
+        }
         const bool isStillKnown = m_subjects.contains(subjectPtr);
         if (isStillKnown && subjectPtr->countAttachments(this) == numBefore)
         {

@@ -11,6 +11,7 @@
 #include "gs/TypeName.h"
 #include "gs/UpdateTracing.h"
 #include "gs/findAttachment.h"
+#include "internal/LastWords.h"
 #include "internal/OlderReport.h"
 #include "internal/TextOutput.h"
 
@@ -80,11 +81,12 @@ Gs_Subject::~Gs_Subject()
     }
     if (!m_currentMethod.empty())
     {
-        printLine("************* ERROR: Calling destructor for subject '", typeName(*this),
-                  "' when in method ", m_currentMethod);
+        GENERIC_UTILS_LAST_WORDS(printLine("************* ERROR: Calling destructor for subject '",
+                                           typeName(*this), "' when in method ", m_currentMethod));
     }
-    GENERIC_UTILS_OLDER_TRACE_AT(at(DESTRUCTION_LINE, "~Gs_Subject"), traceSteps(), 2,
-                                 "Destructing Gs_Subject " << typeName(*this));
+    GENERIC_UTILS_LAST_WORDS(
+        GENERIC_UTILS_OLDER_TRACE_AT(at(DESTRUCTION_LINE, "~Gs_Subject"), traceSteps(), 2,
+                                     "Destructing Gs_Subject " << typeName(*this)));
     releaseAttachments();
 }
 
@@ -280,6 +282,28 @@ bool Gs_Subject::detachFirstIf(const Gs_Observer* observerPtr, bool isAnyObserve
         detach(foundObserverPtr, foundAspectPtr, foundPriority);
     }
     return isFound;
+}
+
+// As detachFirst(), without a word: for an observer that ends while there is no memory for words.
+void Gs_Subject::eraseFirst(Gs_Observer* observerPtr)
+{
+    if (m_inDestructor)
+    {
+        return;
+    }
+    Gs_Aspect* foundAspectPtr = nullptr;
+    unsigned int foundPriority = 0;
+    const bool isFound = findAttachment(
+        [&](Gs_Aspect* aspectPtr, unsigned int priority, const Attachment& attachment)
+        {
+            foundAspectPtr = aspectPtr;
+            foundPriority = priority;
+            return attachment.m_observerPtr == observerPtr;
+        });
+    if (isFound)
+    {
+        eraseObserver(observerPtr, foundAspectPtr, foundPriority);
+    }
 }
 
 bool Gs_Subject::isRefused(const char* operation) const

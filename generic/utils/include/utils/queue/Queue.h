@@ -133,6 +133,8 @@ class GENERIC_UTILS_EXPORT Queue : public WriteableQueue
     friend class task::Task;
 
     osQueueHandle_t getOsQueue() const { return m_osQueue.load(std::memory_order_acquire); }
+    GENERIC_UTILS_LOCAL bool take(command::Macro*& macroPtr, int waitInMs);
+    GENERIC_UTILS_LOCAL bool readRemaining(command::Macro*& macroPtr);
     GENERIC_UTILS_LOCAL void destroyOsQueue();
     GENERIC_UTILS_LOCAL bool store(const command::Macro* macroPtr, int waitInMs);
     GENERIC_UTILS_LOCAL bool selectTarget(const command::Macro* macroPtr, Queue*& target) const;

@@ -201,6 +201,8 @@ class GENERIC_UTILS_EXPORT Task : public TaskControl
     GENERIC_UTILS_LOCAL bool joinThread(int& exitStatus);
     GENERIC_UTILS_LOCAL TerminateTaskMacro* makeTerminateMacro();
     GENERIC_UTILS_LOCAL void awaitThread();
+    GENERIC_UTILS_LOCAL bool tryToTerminate();
+    GENERIC_UTILS_LOCAL bool offerTerminateMacro();
     GENERIC_UTILS_LOCAL void offerTermination();
     GENERIC_UTILS_LOCAL void destroyOsTask();
 

@@ -3,6 +3,7 @@
 #include <utils/command/Flags.h>
 #include <utils/flag/Trace.h>
 
+#include "internal/LastWords.h"
 #include "internal/NameCopy.h"
 #include "internal/TextOutput.h"
 
@@ -16,7 +17,7 @@ Command::Command(const std::string& name) : m_name(name)
 
 Command::~Command()
 {
-    GENERIC_UTILS_TRACE_STEP(1, "Destroying command '" << m_name << "'.");
+    GENERIC_UTILS_LAST_WORDS(GENERIC_UTILS_TRACE_STEP(1, "Destroying command '" << m_name << "'."));
 }
 
 bool Command::stopMacro() const

@@ -3,6 +3,8 @@
 #include <utils/command/Flags.h>
 #include <utils/flag/Trace.h>
 
+#include "internal/LastWords.h"
+
 namespace utils::command
 {
 
@@ -13,7 +15,7 @@ NoOpCommand::NoOpCommand() : Command("NoOpCommand")
 
 NoOpCommand::~NoOpCommand()
 {
-    GENERIC_UTILS_TRACE_STEP(1, "Destroying a No-Op Command.");
+    GENERIC_UTILS_LAST_WORDS(GENERIC_UTILS_TRACE_STEP(1, "Destroying a No-Op Command."));
 }
 
 int NoOpCommand::myExecute()

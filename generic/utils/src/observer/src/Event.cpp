@@ -3,6 +3,7 @@
 #include <utils/flag/Trace.h>
 #include <utils/observer/Flags.h>
 
+#include "internal/LastWords.h"
 #include "internal/Report.h"
 #include "lock/src/acquire.h"
 #include "observer/src/NotifierTable.h"
@@ -90,8 +91,8 @@ Event::Event()
 
 Event::~Event()
 {
-    GENERIC_UTILS_TRACE_AT(at(DESTROY_LINE, __func__), traceSteps(), 1,
-                           "Destroying an event (" << this << ").");
+    GENERIC_UTILS_LAST_WORDS(GENERIC_UTILS_TRACE_AT(at(DESTROY_LINE, __func__), traceSteps(), 1,
+                                                    "Destroying an event (" << this << ")."));
     m_table.reset();
     // A mutex is destroyed unlocked.
     for (; m_numLocksKept > 0; --m_numLocksKept)

@@ -8,6 +8,7 @@
 #include <utils/queue/Flags.h>
 #include <utils/singleton/NeverDestroyed.h>
 
+#include "internal/LastWords.h"
 #include "internal/NamedRegistry.h"
 #include "internal/Report.h"
 #include "internal/TextOutput.h"
@@ -86,14 +87,14 @@ Queue::Queue(const std::string& name, unsigned long maxMacros)
 
 Queue::~Queue()
 {
-    GENERIC_UTILS_TRACE_STEP(1, "Destroying queue '" << m_name << "'.");
+    GENERIC_UTILS_LAST_WORDS(GENERIC_UTILS_TRACE_STEP(1, "Destroying queue '" << m_name << "'."));
     cleanUp();
 }
 
 void Queue::cleanUp()
 {
     command::Macro* macroPtr = nullptr;
-    while (read(macroPtr, 0))
+    while (readRemaining(macroPtr))
     {
         if (macroPtr->isAutoDelete())
         {
@@ -102,6 +103,20 @@ void Queue::cleanUp()
     }
     destroyOsQueue();
     registry().remove(m_name);
+}
+
+// As read() without waiting; what there is no memory to trace is read all the same.
+bool Queue::readRemaining(command::Macro*& macroPtr)
+{
+    macroPtr = nullptr;
+    try
+    {
+        return read(macroPtr, 0);
+    }
+    catch (const std::bad_alloc&)
+    {
+        return macroPtr != nullptr || take(macroPtr, 0);
+    }
 }
 
 void Queue::destroyOsQueue()
@@ -194,6 +209,17 @@ bool Queue::selectTarget(const command::Macro* macroPtr, Queue*& target) const
 bool Queue::read(command::Macro*& macroPtr, int waitInMs)
 {
     GENERIC_UTILS_TRACE_STEP(1, "Reading macro from queue '" << m_name << "'.");
+    if (!take(macroPtr, waitInMs))
+    {
+        return false;
+    }
+    GENERIC_UTILS_TRACE_STEP(
+        2, "Read macro '" << macroPtr->getName() << "' from queue '" << m_name << "'.");
+    return true;
+}
+
+bool Queue::take(command::Macro*& macroPtr, int waitInMs)
+{
     osQueueHandle_t const osQueue = getOsQueue();
     void* item = nullptr;
     if (osQueue == nullptr || osQueueRead(osQueue, item, waitInMs) == 0)
@@ -201,8 +227,6 @@ bool Queue::read(command::Macro*& macroPtr, int waitInMs)
         return false;
     }
     macroPtr = static_cast<command::Macro*>(item);
-    GENERIC_UTILS_TRACE_STEP(
-        2, "Read macro '" << macroPtr->getName() << "' from queue '" << m_name << "'.");
     return true;
 }
 

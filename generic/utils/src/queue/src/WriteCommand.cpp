@@ -3,6 +3,7 @@
 #include <utils/flag/Trace.h>
 #include <utils/queue/Flags.h>
 
+#include "internal/LastWords.h"
 #include "internal/Report.h"
 
 namespace utils::queue
@@ -31,9 +32,9 @@ WriteCommand::WriteCommand(Queue* queuePtr, command::Macro* macroPtr, int waitIn
 
 WriteCommand::~WriteCommand()
 {
-    GENERIC_UTILS_TRACE_STEP(1, "Destroying Write Command for queue '"
-                                    << m_queuePtr->getName() << "' and macro '"
-                                    << m_macroPtr->getName() << "'.");
+    GENERIC_UTILS_LAST_WORDS(GENERIC_UTILS_TRACE_STEP(
+        1, "Destroying Write Command for queue '" << m_queuePtr->getName() << "' and macro '"
+                                                  << m_macroPtr->getName() << "'."));
 }
 
 bool WriteCommand::stopMacro() const

@@ -9,6 +9,8 @@
 #include <utils/flag/Trace.h>
 #include <utils/scpi/Flags.h>
 
+#include "internal/LastWords.h"
+
 namespace utils::scpi
 {
 
@@ -272,7 +274,8 @@ ScpiString::ScpiString(const std::string& name) : ScpiString(name.c_str()) {}
 
 ScpiString::~ScpiString()
 {
-    GENERIC_UTILS_TRACE_STEP(3, "Destroying Scpi String '" << m_longName << "'.");
+    GENERIC_UTILS_LAST_WORDS(
+        GENERIC_UTILS_TRACE_STEP(3, "Destroying Scpi String '" << m_longName << "'."));
 }
 
 void ScpiString::setName(const char* name)

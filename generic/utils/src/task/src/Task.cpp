@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <ostream>
 #include <typeinfo>
 
@@ -13,6 +14,7 @@
 #include <utils/task/TerminateTaskMacro.h>
 
 #include "internal/EndProcess.h"
+#include "internal/LastWords.h"
 #include "internal/NamedRegistry.h"
 #include "internal/Report.h"
 #include "internal/TextOutput.h"
@@ -106,18 +108,16 @@ Task::Task(const std::string& name, utils::queue::Queue* queuePtr, unsigned long
 
 Task::~Task()
 {
-    GENERIC_UTILS_TRACE_STEP(1, "Destroying task '" << m_name << "'.");
+    GENERIC_UTILS_LAST_WORDS(GENERIC_UTILS_TRACE_STEP(1, "Destroying task '" << m_name << "'."));
     cleanUp();
-    GENERIC_UTILS_TRACE_STEP(1, "Destroyed '" << m_name << "'.");
+    GENERIC_UTILS_LAST_WORDS(GENERIC_UTILS_TRACE_STEP(1, "Destroyed '" << m_name << "'."));
 }
 
 void Task::cleanUp()
 {
     registry().remove(m_name);
     m_isCleaningUp = true;
-    // A derived class that overrides terminate() calls cleanUp() in its own destructor.
-    // NOLINTNEXTLINE(clang-analyzer-optin.cplusplus.VirtualCall): for that reason
-    if (isRunning() && !terminate(true))
+    if (isRunning() && !tryToTerminate())
     {
         offerTermination();
     }
@@ -125,19 +125,49 @@ void Task::cleanUp()
     destroyOsTask();
 }
 
-// Goes on where terminate() gave up because the event queue is full.
+bool Task::tryToTerminate()
+{
+    try
+    {
+        // A derived class that overrides terminate() calls cleanUp() in its own destructor.
+        // NOLINTNEXTLINE(clang-analyzer-optin.cplusplus.VirtualCall): for that reason
+        return terminate(true);
+    }
+    catch (const std::bad_alloc&)
+    {
+        return false;
+    }
+}
+
+// Goes on where terminate() gave up because the event queue is full, or memory has run out.
 void Task::offerTermination()
 {
     while (isRunning() && getOsTaskPtr() != nullptr && !isOwnThread())
     {
         exchangeState(RUNNING, WAITING_TO_TERMINATE);
-        auto macro = std::make_unique<TerminateTaskMacro>(&m_eventQueue);
-        if (m_eventQueue.store(macro.get(), OFFER_WAIT_MS))
+        if (offerTerminateMacro())
         {
-            macro.release();
             return;
         }
         goToSleep(OFFER_PAUSE_MS);
+    }
+}
+
+bool Task::offerTerminateMacro()
+{
+    try
+    {
+        auto macro = std::make_unique<TerminateTaskMacro>(&m_eventQueue);
+        if (!m_eventQueue.store(macro.get(), OFFER_WAIT_MS))
+        {
+            return false;
+        }
+        macro.release();
+        return true;
+    }
+    catch (const std::bad_alloc&)
+    {
+        return false;
     }
 }
 

@@ -7,6 +7,7 @@
 #include <utils/queue/WriteCommand.h>
 #include <utils/task/Flags.h>
 
+#include "internal/LastWords.h"
 #include "internal/Report.h"
 
 namespace utils::task
@@ -41,8 +42,9 @@ TerminateTaskMacro::TerminateTaskMacro(utils::queue::Queue* taskEventQueuePtr)
 
 TerminateTaskMacro::~TerminateTaskMacro()
 {
-    GENERIC_UTILS_TRACE_STEP(1, "Destroying a Terminate Task Macro with queue '"
-                                    << m_taskEventQueuePtr->getName() << "'.");
+    GENERIC_UTILS_LAST_WORDS(
+        GENERIC_UTILS_TRACE_STEP(1, "Destroying a Terminate Task Macro with queue '"
+                                        << m_taskEventQueuePtr->getName() << "'."));
 }
 
 }  // namespace utils::task

@@ -3,6 +3,7 @@
 #include <utils/flag/Trace.h>
 #include <utils/xml/Flags.h>
 
+#include "internal/LastWords.h"
 #include "xml/src/copyText.h"
 
 namespace utils::xml
@@ -18,7 +19,7 @@ DocumentForParsing::DocumentForParsing(const std::string& xml) : m_xmlString(cop
 
 DocumentForParsing::~DocumentForParsing()
 {
-    GENERIC_UTILS_TRACE_STEP(1, "Destroying XML document for parsing.");
+    GENERIC_UTILS_LAST_WORDS(GENERIC_UTILS_TRACE_STEP(1, "Destroying XML document for parsing."));
 }
 
 }  // namespace utils::xml

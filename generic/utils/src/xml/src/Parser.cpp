@@ -7,6 +7,7 @@
 #include <utils/flag/Trace.h>
 #include <utils/xml/Flags.h>
 
+#include "internal/LastWords.h"
 #include "internal/Report.h"
 #include "xml/src/Markup.h"
 #include "xml/src/PartCopier.h"
@@ -132,7 +133,7 @@ Parser::Parser(const DocumentForParsing* documentPtr) : m_documentPtr(documentPt
 
 Parser::~Parser()
 {
-    GENERIC_UTILS_TRACE_STEP(1, "Destroying XML parser.");
+    GENERIC_UTILS_LAST_WORDS(GENERIC_UTILS_TRACE_STEP(1, "Destroying XML parser."));
 }
 
 // Most tags have a name only, and are found out and processed in half the time of others. All that a
