@@ -10,11 +10,13 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <utils/flagTraceStrategy.h>
 #include <utils/gsFlags.h>
@@ -172,12 +174,12 @@ TEST_F(GsSubjectDestroyed, InsideErasingIsPrinted)
     const CoutCapture cout;
     auto& flags = *utils::Std_Singleton<utils::flag::Gs_Flags>::getInstancePtr();
     flags.m_traceUpdateSteps.setValue(2);
-    for (const auto& [name, detach] :
-         {std::pair<std::string, std::function<void(Subject&)>>(
-              "detach", [this](Subject& subject) { subject.detach(&m_observer, &m_level, 1); }),
-          {"detachFirst", [this](Subject& subject) { subject.detachFirst(&m_observer); }},
-          {"detachAll", [](Subject& subject) { subject.detachAll(); }},
-          {"detachAllOfOne", [this](Subject& subject) { subject.detachAll(&m_observer); }}})
+    const std::map<std::string, std::function<void(Subject&)>> operations = {
+        {"detach", [this](Subject& subject) { subject.detach(&m_observer, &m_level, 1); }},
+        {"detachFirst", [this](Subject& subject) { subject.detachFirst(&m_observer); }},
+        {"detachAll", [](Subject& subject) { subject.detachAll(); }},
+        {"detachAllOfOne", [this](Subject& subject) { subject.detachAll(&m_observer); }}};
+    for (const auto& [name, detach] : operations)
     {
         SCOPED_TRACE(name);
         auto subject = std::make_unique<Subject>("mixer");
@@ -251,15 +253,13 @@ TEST_F(GsSubjectDestroyed, WhenAnErrorIsReported)
     auto& flags = *utils::Std_Singleton<utils::flag::Gs_Flags>::getInstancePtr();
     flags.m_traceSubjectSteps.setValue(1);
     const test::RecordingOlderTraces traces;
-    for (const auto& [method, operation] :
-         {std::pair<std::string, std::function<void(Subject&)>>(
-              "attach", [this](Subject& subject) { subject.attach(nullptr, &m_level, 1); }),
-          {"insertObserver",
-           [this](Subject& subject) { subject.attach(&m_observer, &m_level, 1); }},
-          {"detach", [this](Subject& subject) { subject.detach(nullptr, &m_level, 1); }},
-          {"detach", [this](Subject& subject) { subject.detach(&m_observer, nullptr, 1); }},
-          {"eraseObserver",
-           [this](Subject& subject) { subject.detach(&m_observer, &m_phase, 1); }}})
+    const std::vector<std::pair<std::string, std::function<void(Subject&)>>> operations = {
+        {"attach", [this](Subject& subject) { subject.attach(nullptr, &m_level, 1); }},
+        {"insertObserver", [this](Subject& subject) { subject.attach(&m_observer, &m_level, 1); }},
+        {"detach", [this](Subject& subject) { subject.detach(nullptr, &m_level, 1); }},
+        {"detach", [this](Subject& subject) { subject.detach(&m_observer, nullptr, 1); }},
+        {"eraseObserver", [this](Subject& subject) { subject.detach(&m_observer, &m_phase, 1); }}};
+    for (const auto& [method, operation] : operations)
     {
         auto subject = std::make_unique<Subject>("mixer");
         subject->attach(&m_observer, &m_level, 1);

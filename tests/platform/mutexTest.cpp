@@ -199,7 +199,7 @@ int priorityWhileARealTimeThreadWaits(Mutex& mutex)
     osTaskHandle_t const task = startTask(work, options);
     isReady.wait();
     int priority = 0;
-    const auto end = steady_clock::now() + 10s;
+    const auto end = steady_clock::now() + std::chrono::seconds(10);
     while (isRealTime && priority >= 0 && steady_clock::now() < end)
     {
         priority = effectivePriority(gettid());

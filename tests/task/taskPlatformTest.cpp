@@ -152,7 +152,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-using utils::queue::Queue;
 using utils::task::Task;
 
 // A task as it stands that is waiting for macros.

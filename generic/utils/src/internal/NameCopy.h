@@ -15,6 +15,7 @@ namespace utils
 class NameCopy
 {
   public:
+    // cppcheck-suppress uninitMemberVar ; written before it is read
     NameCopy() = default;
     explicit NameCopy(const std::string& name) { *this = name; }
 

@@ -300,6 +300,7 @@ void Queue::stopForwardingTo(const Queue* queuePtr)
                              << "'. Number of queues to forward to = " << count << ".");
 }
 
+// cppcheck-suppress passedByValue ; the signature of all selection functions
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the signature of all selection functions
 Queue* Queue::selectLeastUtilizedQueue(const command::Macro*, std::vector<Queue*> queues)
 {
