@@ -77,13 +77,13 @@ fuzz_target()
     echo "$findings" >"$work/findings"
 }
 
-# fuzz_all SECONDS TARGET...: as many at a time as there are processors.
+# fuzz_all SECONDS TARGET...: as many at a time as tests.
 fuzz_all()
 {
     local seconds=$1 target findings=0
     shift
     for target in "$@"; do
-        while (($(jobs -rp | wc -l) >= CMAKE_BUILD_PARALLEL_LEVEL)); do
+        while (($(jobs -rp | wc -l) >= CTEST_PARALLEL_LEVEL)); do
             wait -n || :
         done
         fuzz_target "$target" "$seconds" &
